@@ -1,0 +1,68 @@
+// The files of a run, as the operating system or, in tests, the memory holds them. Names are exact here;
+// paths.h knows how a design file spells them.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace marlogl {
+
+class InputFile {
+  public:
+    virtual ~InputFile() = default;
+
+    /// Reads up to `size` bytes (at least 1) into `buffer`; returns how many, 0 at the end of the file.
+    /// Errors: input_output.
+    virtual std::size_t read(char *buffer, std::size_t size) = 0;
+};
+
+class OutputFile {
+  public:
+    virtual ~OutputFile() = default;
+
+    /// Appends `text`, which holds whole lines. When the file does not take all of it, the file is cut after
+    /// the last whole line that it took. Errors: input_output; nothing may be written after one.
+    virtual void write(std::string_view text) = 0;
+
+    /// Errors: input_output, when what was written can't be kept.
+    virtual void close() = 0;
+};
+
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+
+    /// Opens a file for reading; null when there is none of this name.
+    /// Errors: input_output.
+    virtual std::unique_ptr<InputFile> open(const std::string &path) = 0;
+
+    /// Opens a file for writing and empties it.
+    /// Errors: missing_file (no such folder), input_output.
+    virtual std::unique_ptr<OutputFile> create(const std::string &path) = 0;
+
+    /// Deletes a file.
+    /// Errors: input_output.
+    virtual void remove(const std::string &path) = 0;
+
+    virtual bool exists(const std::string &path) = 0;
+
+    /// Whether both paths exist and name one file.
+    virtual bool same_file(const std::string &a, const std::string &b) = 0;
+
+    /// The names in a folder, in no order; none when it can't be read.
+    virtual std::vector<std::string> names_in(const std::string &folder) = 0;
+
+    /// The folder of the executable, without a separator at its end; empty when it is not known.
+    virtual std::string executable_folder() = 0;
+};
+
+/// The file system that a run works on: the operating system's, unless use_file_system named another.
+FileSystem &file_system();
+
+/// Lets the following runs work on `files` (null: the operating system's again), which must outlive them.
+void use_file_system(FileSystem *files);
+
+} // namespace marlogl

@@ -1,0 +1,42 @@
+// Text files, read line by line and only as far as they are asked for.
+#pragma once
+
+#include "host/file_system.h"
+
+#include <limits>
+
+namespace marlogl {
+
+/// The lines of a text file. A line ends at CR LF, at LF or at the end of the file; a UTF-8 byte-order mark
+/// at the start of the file belongs to no line.
+class LineReader {
+  public:
+    static constexpr std::size_t whole_line = std::numeric_limits<std::size_t>::max();
+
+    /// Opens the file that find_file finds for `path`.
+    /// Errors: missing_file, input_output.
+    explicit LineReader(const std::string &path);
+
+    /// The next line without its end, at most its first `most` bytes; valid until the next call.
+    /// Errors: past_end when the file has no further line, input_output.
+    std::string_view read_line(std::size_t most = whole_line);
+
+    /// Whether the last line was read. Errors: input_output.
+    bool at_end();
+
+    const std::string &path() const { return path_; }
+
+  private:
+    static constexpr std::size_t capacity = 16384;
+
+    bool fill();
+    std::string_view read_long_line(std::size_t most);
+
+    std::string path_;
+    std::unique_ptr<InputFile> file_;
+    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
+    std::size_t next_ = 0, end_ = 0; // what is read and not yet handed out: buffer_[next_, end_)
+    std::string long_line_;          // a line that crosses the end of the buffer
+};
+
+} // namespace marlogl

@@ -1,0 +1,287 @@
+// The operating system's files and process: the only source that knows the platform.
+#include "host/file_system.h"
+#include "host/run_error.h"
+#include "host/system.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+namespace marlogl {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+
+constexpr const char *null_device = "NUL";
+
+// Design files name their files in UTF-8 or, in older ones, in the system's code page.
+fs::path native(const std::string &path)
+{
+    for (const UINT code_page : {UINT{CP_UTF8}, UINT{CP_ACP}}) {
+        const DWORD flags = code_page == CP_UTF8 ? MB_ERR_INVALID_CHARS : 0;
+        const int size = static_cast<int>(path.size());
+        const int length = MultiByteToWideChar(code_page, flags, path.data(), size, nullptr, 0);
+        std::wstring wide(static_cast<std::size_t>(length), L'\0');
+        if (MultiByteToWideChar(code_page, flags, path.data(), size, wide.data(), length) > 0)
+            return wide;
+    }
+    return path;
+}
+
+std::string spelled(const fs::path &path)
+{
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
+int open_descriptor(const std::string &path, int flags)
+{
+    return _wopen(native(path).c_str(), flags | O_BINARY, _S_IREAD | _S_IWRITE);
+}
+
+fs::path executable_path()
+{
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+using Count = unsigned int;
+
+#else
+
+constexpr const char *null_device = "/dev/null";
+
+fs::path native(const std::string &path)
+{
+    return path;
+}
+
+std::string spelled(const fs::path &path)
+{
+    return path.native();
+}
+
+int open_descriptor(const std::string &path, int flags)
+{
+    return ::open(path.c_str(), flags | O_CLOEXEC, 0666);
+}
+
+fs::path executable_path()
+{
+    std::error_code failed;
+    return fs::read_symlink("/proc/self/exe", failed);
+}
+
+using Count = std::size_t;
+
+#endif
+
+// No system call takes more than this at once.
+constexpr std::size_t most_at_once = std::size_t{1} << 30;
+
+std::string reason()
+{
+    return std::generic_category().message(errno);
+}
+
+bool no_such_file()
+{
+    return errno == ENOENT || errno == ENOTDIR;
+}
+
+[[noreturn]] void fail(const char *doing, const std::string &path, Fault fault = Fault::input_output)
+{
+    throw RunError(fault, std::string("cannot ") + doing + ' ' + quoted_path(path) + ": " + reason());
+}
+
+// How many bytes of `text` the descriptor took; fewer than all after an error, which errno tells.
+std::size_t write_all(int descriptor, std::string_view text)
+{
+    std::size_t written = 0;
+    while (written < text.size()) {
+        const auto size = static_cast<Count>(std::min(text.size() - written, most_at_once));
+        const auto got = ::write(descriptor, text.data() + written, size);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            break;
+        written += static_cast<std::size_t>(got);
+    }
+    return written;
+}
+
+// An open file of the system; closed at the latest when it goes.
+class Descriptor {
+  public:
+    Descriptor(int opened, std::string name) : number(opened), path(std::move(name)) {}
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    ~Descriptor()
+    {
+        if (number >= 0)
+            ::close(number);
+    }
+
+    int number;
+    std::string path;
+};
+
+class SystemInputFile : public InputFile {
+  public:
+    SystemInputFile(int number, const std::string &path) : file_(number, path) {}
+
+    std::size_t read(char *buffer, std::size_t size) override
+    {
+        for (;;) {
+            const auto got = ::read(file_.number, buffer, static_cast<Count>(std::min(size, most_at_once)));
+            if (got >= 0)
+                return static_cast<std::size_t>(got);
+            if (errno != EINTR)
+                fail("read", file_.path);
+        }
+    }
+
+  private:
+    Descriptor file_;
+};
+
+class SystemOutputFile : public OutputFile {
+  public:
+    SystemOutputFile(int number, const std::string &path) : file_(number, path) {}
+
+    void write(std::string_view text) override
+    {
+        const std::size_t written = write_all(file_.number, text);
+        if (written < text.size()) {
+            const int cause = errno;
+            const std::size_t last_end = text.substr(0, written).rfind('\n');
+            const std::size_t whole_lines = last_end == text.npos ? 0 : last_end + 1;
+            // A device or a pipe can't be cut; what it took stays.
+            [[maybe_unused]] const int cut =
+                ::ftruncate(file_.number, size_ + static_cast<off_t>(whole_lines));
+            errno = cause;
+            fail("write", file_.path);
+        }
+        size_ += static_cast<off_t>(written);
+    }
+
+    void close() override
+    {
+        const int number = std::exchange(file_.number, -1);
+        if (::close(number) != 0)
+            fail("close", file_.path);
+    }
+
+  private:
+    Descriptor file_;
+    off_t size_ = 0;
+};
+
+class SystemFiles : public FileSystem {
+  public:
+    std::unique_ptr<InputFile> open(const std::string &path) override
+    {
+        const int number = open_descriptor(path, O_RDONLY);
+        if (number < 0 && no_such_file())
+            return nullptr;
+        if (number < 0)
+            fail("open", path);
+        return std::make_unique<SystemInputFile>(number, path);
+    }
+
+    std::unique_ptr<OutputFile> create(const std::string &path) override
+    {
+        const int number = open_descriptor(path, O_WRONLY | O_CREAT | O_TRUNC);
+        if (number < 0)
+            fail("create", path, no_such_file() ? Fault::missing_file : Fault::input_output);
+        return std::make_unique<SystemOutputFile>(number, path);
+    }
+
+    void remove(const std::string &path) override
+    {
+        std::error_code failed;
+        if (!fs::remove(native(path), failed)) {
+            errno = failed ? failed.value() : ENOENT;
+            fail("delete", path);
+        }
+    }
+
+    bool exists(const std::string &path) override
+    {
+        std::error_code failed;
+        return fs::exists(native(path), failed);
+    }
+
+    bool same_file(const std::string &a, const std::string &b) override
+    {
+        std::error_code failed;
+        return fs::equivalent(native(a), native(b), failed);
+    }
+
+    std::vector<std::string> names_in(const std::string &folder) override
+    {
+        std::vector<std::string> names;
+        std::error_code failed;
+        for (fs::directory_iterator entry(native(folder), failed), end; !failed && entry != end;
+             entry.increment(failed))
+            names.push_back(spelled(entry->path().filename()));
+        return names;
+    }
+
+    std::string executable_folder() override
+    {
+        const fs::path path = executable_path();
+        return path.empty() ? "." : spelled(path.parent_path());
+    }
+};
+
+SystemFiles system_files;
+FileSystem *files_in_use = &system_files;
+
+} // namespace
+
+FileSystem &file_system()
+{
+    return *files_in_use;
+}
+
+void use_file_system(FileSystem *files)
+{
+    files_in_use = files != nullptr ? files : &system_files;
+}
+
+void prepare_process()
+{
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+    for (int descriptor = 0; descriptor <= 2; ++descriptor) {
+        struct stat status;
+        if (::fstat(descriptor, &status) != 0 && errno == EBADF)
+            // The lowest free number is this one: those below it are open by now.
+            [[maybe_unused]]
+            const int opened = ::open(null_device, O_RDWR);
+    }
+}
+
+bool write_to(int descriptor, std::string_view text)
+{
+    return write_all(descriptor, text) == text.size();
+}
+
+} // namespace marlogl
