@@ -1,0 +1,46 @@
+// The numbers of a design file: the number of a text, and the conversions to whole numbers.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace marlogl {
+
+/// The leading number of `text`: an optional sign, digits with at most one point, an optional exponent;
+/// blanks and tabs are passed over wherever they stand. Reading stops where the number can't go on; no digits
+/// give 0. Errors: overflow when the number is too large for a double.
+double numeric_value(std::string_view text);
+
+/// The largest whole number not above `x`.
+inline double whole(double x)
+{
+    return std::floor(x);
+}
+
+/// `x` rounded to a whole number, halves to the even one.
+inline double round_half_even(double x)
+{
+    // Beyond 2^52 a double has no fraction; below, the sum has none, rounded as all sums are: halves to even.
+    constexpr double no_fraction = 4503599627370496.0;
+    if (!(std::abs(x) < no_fraction))
+        return x;
+    return x < 0 ? x - no_fraction + no_fraction : x + no_fraction - no_fraction;
+}
+
+/// `x` as a 16-bit whole number, halves rounded to the even one; `what` names it in a message.
+/// Errors: overflow outside -32768 to 32767.
+std::int16_t whole_16(double x, std::string_view what);
+
+/// Errors: overflow when `x` is not finite. Returns `x`.
+double finite(double x);
+
+/// `dividend` / `divisor`; `what` names the divisor in a message.
+/// Errors: division when the divisor is 0.
+double quotient(double dividend, double divisor, std::string_view what);
+
+/// `x` as a message shows it: the shortest text that reads back as `x`.
+std::string message_number(double x);
+
+} // namespace marlogl
