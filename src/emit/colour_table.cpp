@@ -1,0 +1,24 @@
+#include "emit/colour_table.h"
+
+#include "emit/output.h"
+#include "host/lines.h"
+#include "host/paths.h"
+
+namespace marlogl {
+
+ColourTable load_colour_table()
+{
+    constexpr std::size_t last_position = 29;
+    ColourTable table{"colour table entry"};
+    LineReader file(program_file("\\appl\\colors.tab"));
+    for (int entry = 1; entry <= 60 && (entry == 1 || !file.at_end()); ++entry) {
+        const std::string_view line = file.read_line(last_position);
+        std::string components;
+        for (const std::size_t first : {19u, 23u, 27u})
+            components += columns(line, first, first + 2);
+        table(entry).components = components;
+    }
+    return table;
+}
+
+} // namespace marlogl

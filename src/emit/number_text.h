@@ -1,0 +1,262 @@
+// Every number of the output: its pattern, and the helpers that angles, texture positions and colours go
+// through.
+#pragma once
+
+#include "design/number.h"
+
+#include <array>
+#include <cstddef>
+#include <cstring>
+#include <string_view>
+
+namespace marlogl {
+
+// Number texts are parts of write_line; the number becomes text where the line is built. All patterns use "."
+// as decimal separator, group nothing, write a digit before the point, and round in decimal: the value is
+// taken to 15 significant digits and then rounded, halves away from zero. A value that rounds to zero has no
+// sign. Errors, when the text is made: overflow for a value that is not finite.
+
+/// A value with `Decimals` decimals.
+template <int Decimals> struct Pattern {
+    double value;
+};
+/// A value written with six decimals, and that text read as a number and written with `Decimals` decimals.
+template <int Decimals> struct AgainPattern {
+    double value;
+};
+struct TwoDigits {
+    int value;
+};
+struct BlankPattern {
+    double value;
+};
+struct TextureText {
+    double pixel; // whole
+};
+struct GeneralText {
+    double value;
+};
+struct SpacedText {
+    double value;
+};
+struct HexText {
+    double value;
+    int least_digits;
+};
+
+/// "0": a whole number.
+constexpr Pattern<0> p0(double x)
+{
+    return {x};
+}
+
+/// "0.000000".
+constexpr Pattern<6> p6(double x)
+{
+    return {x};
+}
+
+/// "00": a whole number of at least two digits, 0 to 999.
+constexpr TwoDigits p00(int x)
+{
+    return {x};
+}
+
+/// " 0": a blank, then a whole number.
+constexpr BlankPattern blank_p0(double x)
+{
+    return {x};
+}
+
+/// The text of a number again, with two or with four decimals.
+constexpr AgainPattern<2> fnform2(Pattern<6> text)
+{
+    return {text.value};
+}
+
+constexpr AgainPattern<4> fnform4(Pattern<6> text)
+{
+    return {text.value};
+}
+
+/// The general format: the shortest text that reads back as the same number, with an exponent (1E+15) from a
+/// magnitude of 1e15 on.
+constexpr GeneralText general(double x)
+{
+    return {x};
+}
+
+/// A number converted to text: the general format, with a blank before a value of zero or more.
+constexpr SpacedText spaced(double x)
+{
+    return {x};
+}
+
+/// Upper-case hexadecimal digits of `x`, rounded half to even; a negative number counts as 0.
+/// Errors, when the text is made: overflow for a number above 2^53.
+constexpr HexText hex(double x)
+{
+    return {x, 1};
+}
+
+/// A hexadecimal text of at least two digits.
+constexpr HexText fnhexa(HexText kar)
+{
+    return {kar.value, 2};
+}
+
+/// Texture coordinate of a pixel position, whose whole part counts: 0 to 255 become 0 to 1 with fntexu and,
+/// the vertical axis being flipped, 1 to 0 with fntexv. Nothing is clamped. Six decimals and the letter f.
+inline TextureText fntexu(double x)
+{
+    return {whole(x)};
+}
+
+inline TextureText fntexv(double x)
+{
+    return {255 - whole(x)};
+}
+
+/// 255 minus the whole part of `x`, converted to text.
+inline SpacedText fnflip(double x)
+{
+    return spaced(255 - whole(x));
+}
+
+/// Cosine and sine of an angle of 0 to 359 whole degrees, with 3.1415926 for pi: the exact values rounded to
+/// double, the same with every compiler and library.
+double fncos(int degrees);
+double fnsin(int degrees);
+
+/// `x` rounded to `decimals` decimals (0 to 15), halves away from zero.
+double fnround(double x, int decimals);
+
+namespace output {
+
+/// No number text is longer: 309 digits before the point, or 326 characters in the general format.
+inline constexpr std::size_t most_of_number = 340;
+
+// The texts of 0 to 999: three digits, zeros in front, then how many of them count. The four bytes behind the
+// last text let four bytes be copied from any digit.
+inline constexpr auto thousand = [] {
+    std::array<char, 4 * 1000 + 4> texts{};
+    for (std::size_t i = 0; i < 1000; ++i) {
+        texts[4 * i] = static_cast<char>('0' + i / 100);
+        texts[4 * i + 1] = static_cast<char>('0' + i / 10 % 10);
+        texts[4 * i + 2] = static_cast<char>('0' + i % 10);
+        texts[4 * i + 3] = i < 10 ? 1 : i < 100 ? 2 : 3;
+    }
+    return texts;
+}();
+
+// The texture coordinates of the pixel positions 0 to 255, to the nearest millionth; 255 being odd, none is a
+// tie.
+constexpr std::size_t texture_width = 9;
+inline constexpr auto texture_texts = [] {
+    std::array<char, 256 * texture_width> texts{};
+    for (std::size_t pixel = 0; pixel < 256; ++pixel) {
+        std::size_t millionths = (2 * 1000000 * pixel + 255) / (2 * 255);
+        char *text = texts.data() + pixel * texture_width;
+        for (std::size_t digit = 7; digit >= 2; --digit, millionths /= 10)
+            text[digit] = static_cast<char>('0' + millionths % 10);
+        text[0] = static_cast<char>('0' + millionths);
+        text[1] = '.';
+        text[8] = 'f';
+    }
+    return texts;
+}();
+
+/// Writes `value` with `decimals` decimals, by way of its 15 significant digits. Errors: overflow.
+char *put_rounded(char *at, double value, int decimals);
+/// Writes the text of AgainPattern<decimals> by way of both texts. Errors: overflow.
+char *put_again(char *at, double value, int decimals);
+
+char *put(char *at, GeneralText text);
+char *put(char *at, SpacedText text);
+char *put(char *at, HexText text);
+
+/// Writes a whole number from 0 to 999999999.
+inline char *put_whole(char *at, unsigned number)
+{
+    if (number >= 1000) {
+        at = put_whole(at, number / 1000);
+        std::memcpy(at, thousand.data() + 4 * (number % 1000), 4);
+        return at + 3;
+    }
+    const char *text = thousand.data() + 4 * number;
+    std::memcpy(at, text + 3 - text[3], 4);
+    return at + text[3];
+}
+
+inline char *put(char *at, Pattern<0> text)
+{
+    if (const double size = std::abs(text.value); size < 1e9) [[likely]] {
+        const auto number = static_cast<unsigned>(size);
+        if (number == size) [[likely]] {
+            *at = '-';
+            return put_whole(at + (text.value < 0), number);
+        }
+    }
+    return put_rounded(at, text.value, 0);
+}
+
+inline char *put(char *at, TwoDigits text)
+{
+    if (text.value < 10)
+        *at++ = '0';
+    return put_whole(at, static_cast<unsigned>(text.value));
+}
+
+inline char *put(char *at, BlankPattern text)
+{
+    *at = ' ';
+    return put(at + 1, p0(text.value));
+}
+
+template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
+{
+    // Two roundings in a row: the hundredth is reached once the millionths round up to its half, which is at
+    // half a millionth before that. Only very near to that place the digits themselves have to decide.
+    if constexpr (Decimals == 2) {
+        const double hundredths = std::abs(text.value) * 100 + 0.50005;
+        if (hundredths < 1000) [[likely]] {
+            const auto number = static_cast<unsigned>(hundredths);
+            const double beyond = hundredths - number;
+            if (beyond > 1e-9 && beyond < 1 - 1e-9) [[likely]] {
+                *at = '-';
+                at += text.value < 0 && number > 0;
+                at[0] = static_cast<char>('0' + number / 100);
+                at[1] = '.';
+                std::memcpy(at + 2, thousand.data() + 4 * (number % 100) + 1, 2);
+                return at + 4;
+            }
+        }
+    }
+    return put_again(at, text.value, Decimals);
+}
+
+inline char *put(char *at, TextureText text)
+{
+    if (text.pixel >= 0 && text.pixel <= 255) [[likely]] {
+        std::memcpy(at, texture_texts.data() + static_cast<std::size_t>(text.pixel) * texture_width,
+                    texture_width);
+        return at + texture_width;
+    }
+    at = put_rounded(at, fnround(text.pixel / 255, 6), 6);
+    *at = 'f';
+    return at + 1;
+}
+
+template <typename NumberText>
+requires requires(NumberText text)
+{
+    put(nullptr, text);
+}
+constexpr std::size_t most_characters(NumberText)
+{
+    return most_of_number;
+}
+
+} // namespace output
+
+} // namespace marlogl
