@@ -1,0 +1,74 @@
+// Hip roof: a plate, and four faces up to a ridge along y, a ridge along x or an apex.
+#include "generators/figures.h"
+#include "generators/generators.h"
+
+#include <span>
+
+namespace marlogl {
+
+namespace {
+
+//   1 ------- 2    ^ y    ridge along y: 4 in front, 5 behind
+//   |  4   5  |    |      ridge along x: 4 on the left, 5 on the right
+//   0 ------- 3    +--> x apex: 4
+constexpr Face plate = single_face("Bottom base ", {1, 50}, {6, 70}, {3, 2, 1, 0});
+
+constexpr Face ridge_along_y[] = {
+    {"Front",  {{2, 1}, {7, 25}},   {3, 4, 0, none}},
+    {"Left ",  {{4, 54}, {9, 74}},  {0, 4, 5, 1}   },
+    {"Back",   {{3, 4}, {8, 28}},   {1, 5, 2, none}},
+    {"Right ", {{5, 58}, {10, 78}}, {2, 5, 4, 3}   },
+};
+constexpr Face apex[] = {
+    {"Front",  {{2, 7}, {7, 31}},   {3, 4, 0, none}},
+    {"Left ",  {{4, 13}, {9, 37}},  {0, 4, 1, none}},
+    {"Back",   {{3, 10}, {8, 34}},  {1, 4, 2, none}},
+    {"Right ", {{5, 16}, {10, 40}}, {2, 4, 3, none}},
+};
+constexpr Face ridge_along_x[] = {
+    {"Front",  {{2, 62}, {7, 82}},  {3, 5, 4, 0}   },
+    {"Left ",  {{4, 19}, {9, 43}},  {0, 4, 1, none}},
+    {"Back",   {{3, 66}, {8, 86}},  {1, 4, 5, 2}   },
+    {"Right ", {{5, 22}, {10, 46}}, {2, 5, 3, none}},
+};
+
+std::span<const Face> roof_of(double shape)
+{
+    if (shape == 0)
+        return ridge_along_y;
+    if (shape == 1)
+        return apex;
+    return ridge_along_x;
+}
+
+} // namespace
+
+void save_base()
+{
+    remember_texture("99999999");
+    List2.clear();
+    constexpr double stored_offset = 2000;
+    const double shape = cell(6), ground = cell(58), top = ground + cell(3);
+    const double ridge = cell(11) - stored_offset;
+    const Span ends = centred(cell(7));
+
+    record_rectangle(centred(cell(1)), centred(cell(2)), ground);
+    if (shape == 0) {
+        record(ridge, ends.low, top);
+        record(ridge, ends.high, top);
+    } else if (shape == 1) {
+        record(ridge, cell(12) - stored_offset, top);
+    } else {
+        record(ends.low, ridge, top);
+        record(ends.high, ridge, top);
+    }
+
+    for (const Side side : {outside, inside}) {
+        set_view_side(side);
+        write_face(side, plate);
+        for (const Face &face : roof_of(shape))
+            write_face(side, face);
+    }
+}
+
+} // namespace marlogl

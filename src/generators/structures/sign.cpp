@@ -1,0 +1,111 @@
+// Sign board: two faces, back to back, upright on one of four sides or lying, tilted if wanted.
+#include "generators/figures.h"
+#include "generators/generators.h"
+
+namespace marlogl {
+
+namespace {
+
+// The first four stand upright on a side of the origin, the others lie.
+enum class Mode { unknown, front, right, back, left, tiltable, turned, level };
+
+Mode mode_of(double number)
+{
+    for (const Mode mode : {Mode::front, Mode::right, Mode::back, Mode::left, Mode::tiltable, Mode::turned})
+        if (number == static_cast<int>(mode))
+            return mode;
+    return number > static_cast<int>(Mode::tiltable) ? Mode::level : Mode::unknown;
+}
+
+// Positions along the board's edges, at the bottom (or in front) and at the top (or behind).
+struct Board {
+    Span bottom, top;
+    double distance, low, high;
+};
+
+//   1 --- 2
+//   |     |      seen from the front
+//   0 --- 3
+void record_upright(Mode mode, const Board &b)
+{
+    const double d = mode == Mode::front || mode == Mode::left ? -b.distance : b.distance;
+    const auto corner = [&](double along, double z) {
+        if (mode == Mode::front || mode == Mode::back)
+            record(along, d, z);
+        else
+            record(d, along, z);
+    };
+    // Seen from outside, the back and the left board run the other way.
+    const bool mirrored = mode == Mode::back || mode == Mode::left;
+    corner(mirrored ? b.bottom.high : b.bottom.low, b.low);
+    corner(mirrored ? b.top.high : b.top.low, b.high);
+    corner(mirrored ? b.top.low : b.top.high, b.high);
+    corner(mirrored ? b.bottom.low : b.bottom.high, b.low);
+}
+
+//   1 --- 2    ^ y
+//   |     |    |      seen from above
+//   0 --- 3    +--> x
+void record_lying(Mode mode, const Board &b)
+{
+    constexpr int edges[][2] = {
+        {1, 2}, // back
+        {0, 3}, // front
+        {2, 3}, // right
+        {0, 1}, // left
+    };
+    double raised[4] = {};
+    const double amount = cell(19), edge = cell(20);
+    if (mode == Mode::tiltable && amount > 0)
+        for (int i = 0; i < 4; ++i)
+            if (edge == i)
+                for (const int corner : edges[i])
+                    raised[corner] = cell(21) == 0 ? amount : -amount;
+
+    const Span y = centred(cell(4));
+    const double z = cell(58) + b.distance;
+    record(b.bottom.low, y.low, z + raised[0]);
+    record(b.top.low, y.high, z + raised[1]);
+    record(b.top.high, y.high, z + raised[2]);
+    record(b.bottom.high, y.low, z + raised[3]);
+}
+
+void write_forward(int t, int bit1)
+{
+    write4a(" ai   ;", t, 0, 1, 2, 3, bit1, "");
+}
+
+void write_backward(int t, int bit1)
+{
+    write4a(" a   ;", t, 3, 2, 1, 0, bit1, "");
+}
+
+} // namespace
+
+void save_sign()
+{
+    remember_texture("999999999");
+    const Mode mode = mode_of(cell(8));
+    if (mode == Mode::unknown)
+        return;
+    const double ground = cell(58);
+    const Board board{centred(cell(1)), centred(cell(2)), cell(3), ground, ground + cell(4)};
+    if (mode < Mode::tiltable)
+        record_upright(mode, board);
+    else
+        record_lying(mode, board);
+
+    constexpr FaceSlots face1{1, 1}, face2{2, 5};
+    if (mode == Mode::tiltable) {
+        write_forward(face2.t, face2.bit1);
+        write_backward(face1.t, face1.bit1);
+    } else if (mode == Mode::turned) {
+        write_backward(face2.t, face2.bit1);
+        write_forward(face1.t, face1.bit1);
+    } else {
+        write_backward(face1.t, face1.bit1);
+        write_forward(face2.t, face2.bit1);
+    }
+}
+
+} // namespace marlogl
