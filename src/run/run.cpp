@@ -1,0 +1,193 @@
+#include "run/run.h"
+
+#include "design/reader.h"
+#include "design/scene.h"
+#include "dispatch/dispatch.h"
+#include "emit/output.h"
+#include "emit/point_file.h"
+#include "emit/textures.h"
+#include "emit/vertex_table.h"
+#include "host/file_system.h"
+#include "host/lines.h"
+#include "host/paths.h"
+
+namespace marlogl {
+
+namespace {
+
+constexpr char comment[] = "//                                                  ";
+static_assert(sizeof comment == 52 + 1);
+
+std::string colour_components(std::string_view line)
+{
+    const std::string_view last = line.size() > 3 ? line.substr(line.size() - 3) : line;
+    return std::string(columns(line, 1, 3))
+        .append(", ")
+        .append(columns(line, 4, 6))
+        .append(", ")
+        .append(last);
+}
+
+void read_configuration()
+{
+    const std::string path = program_file("\\MarlOgl.dat");
+    LineReader file(path);
+    int number = 0;
+    const auto next_line = [&] {
+        ++number;
+        return file.read_line();
+    };
+    try {
+        input_path = trimmed(next_line());
+        output_path = trimmed(next_line());
+        colour_outside = colour_components(next_line());
+        colour_inside = colour_components(next_line());
+    } catch (const RunError &error) {
+        if (error.fault != Fault::past_end)
+            throw;
+        throw RunError(error.fault, file.path() + ": line " + std::to_string(number) +
+                                        " is missing; the run configuration has four lines");
+    }
+}
+
+// The version of a design file, by the last three characters of its path; 0 when that is no design file.
+int design_version(std::string_view path)
+{
+    std::string kind(path.size() > 3 ? path.substr(path.size() - 3) : path);
+    for (char &c : kind)
+        if (c >= 'a' && c <= 'z')
+            c = static_cast<char>(c - 'a' + 'A');
+    return kind == "MRL" ? 1 : kind == "MR2" ? 2 : 0;
+}
+
+void make_output_path()
+{
+    constexpr std::size_t ending = 3;
+    if (output_path.size() < ending)
+        throw RunError(Fault::negative_length, "the run configuration's line 2, " + quoted(output_path) +
+                                                   ", has less than 3 characters to put \"ogl\" in place of");
+    output_path.replace(output_path.size() - ending, ending, "ogl");
+}
+
+void create_output()
+{
+    const std::string path = native_path(output_path);
+    if (file_system().same_file(path, find_file(native_path(input_path))))
+        throw RunError(Fault::input_output,
+                       "the output file " + quoted_path(path) + " is the design file itself");
+    open_output(path);
+}
+
+double scale()
+{
+    constexpr double feet_per_metre = 3.2808;
+    const double level = numeric_value(scale_level);
+    double factor = 1;
+    for (int i = 15; i >= 9; --i)
+        if (level == i)
+            factor = 1 << (16 - i);
+    return fnround(factor / feet_per_metre, 4);
+}
+
+void write_header()
+{
+    const auto s = fnform4(p6(scale()));
+    write_line("glMatrixMode( GL_TEXTURE );");
+    write_line("glLoadIdentity();");
+    write_line("glMatrixMode( GL_MODELVIEW );");
+    write_line("glPushMatrix();");
+    write_line("glScalef( ", s, ", ", s, ", ", s, " );");
+}
+
+void write_footer()
+{
+    write_line("glPopMatrix();");
+    write_line("glMatrixMode( GL_TEXTURE );");
+    write_line("glLoadIdentity();");
+    write_line("glMatrixMode( GL_MODELVIEW );");
+}
+
+// What a message calls an object: object 12 "Water tower" (type 18, save_bigpoly).
+std::string description(int object, int version)
+{
+    const int drawn = instance_of(object), type = object_type(drawn);
+    const std::string generator = generator_name(version, type);
+    return "object " + std::to_string(object) + ' ' + quoted(object_name(object)) + " (" +
+           (drawn == object ? "" : "drawn as object " + std::to_string(drawn) + ", ") + "type " +
+           std::to_string(type) + (generator.empty() ? "" : ", " + generator) + ')';
+}
+
+void write_object(int object, int version)
+{
+    vertex_count = 0;
+    vertex_copy_count = 0;
+    write_line(comment, "*** Sequence ", p00(object));
+    write_line(comment, "*** ", object_name(object));
+    if (version == 1)
+        Save_MARL1(object);
+    else
+        Save_MARL2(object);
+}
+
+void write_objects(int version)
+{
+    for (int object = 1; object <= objects.last; ++object) {
+        if (object_type(object) == 0)
+            continue;
+        try {
+            write_object(object, version);
+        } catch (const RunError &error) {
+            // A file's error names the file, and is nobody's fault in the scene.
+            if (error.fault == Fault::input_output)
+                throw;
+            throw error.at(description(object, version));
+        }
+    }
+}
+
+void convert()
+{
+    clear_all();
+    locate_program();
+    read_configuration();
+    make_output_path();
+    work_flag = false;
+    create_output();
+    const int version = design_version(input_path);
+    if (version == 1)
+        Load_MRL1();
+    else if (version == 2)
+        Load_MRL2();
+    work_flag = version != 0;
+    if (work_flag) {
+        write_header();
+        write_objects(version);
+        // Before the footer: a run that can't settle the point file has not written all of its output.
+        point_file::settle();
+        write_footer();
+    }
+    close_output();
+}
+
+} // namespace
+
+void Form_Load()
+{
+    try {
+        convert();
+    } catch (...) {
+        abandon_output();
+        point_file::abandon();
+        throw;
+    }
+}
+
+void reset()
+{
+    clear_all();
+    reset_run_state();
+    reset_textures();
+    reset_vertices();
+}
+
+} // namespace marlogl
