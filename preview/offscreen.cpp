@@ -1,0 +1,103 @@
+#include "offscreen.h"
+
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+#include <GL/gl.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+template <class Function> Function extension(const char *name)
+{
+    return reinterpret_cast<Function>(eglGetProcAddress(name));
+}
+
+std::vector<EGLDisplay> candidate_displays()
+{
+    std::vector<EGLDisplay> displays;
+    const auto platform_display = extension<PFNEGLGETPLATFORMDISPLAYEXTPROC>("eglGetPlatformDisplayEXT");
+    if (platform_display != nullptr) {
+        displays.push_back(platform_display(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr));
+        const auto query_devices = extension<PFNEGLQUERYDEVICESEXTPROC>("eglQueryDevicesEXT");
+        EGLDeviceEXT devices[16];
+        EGLint count = 0;
+        if (query_devices != nullptr && query_devices(16, devices, &count) == EGL_TRUE)
+            for (EGLint i = 0; i < count; ++i)
+                displays.push_back(platform_display(EGL_PLATFORM_DEVICE_EXT, devices[i], nullptr));
+    }
+    displays.push_back(eglGetDisplay(EGL_DEFAULT_DISPLAY));
+    return displays;
+}
+
+// Makes a context with a framebuffer of that size current. False when this display cannot.
+bool make_current(EGLDisplay display, EGLint width, EGLint height)
+{
+    // clang-format off
+    constexpr EGLint wanted[] = {
+        EGL_SURFACE_TYPE, EGL_PBUFFER_BIT, EGL_RENDERABLE_TYPE, EGL_OPENGL_BIT,
+        EGL_RED_SIZE, 8, EGL_GREEN_SIZE, 8, EGL_BLUE_SIZE, 8, EGL_DEPTH_SIZE, 24, EGL_NONE};
+    // clang-format on
+    const EGLint size[] = {EGL_WIDTH, width, EGL_HEIGHT, height, EGL_NONE};
+    EGLConfig config = nullptr;
+    EGLint count = 0;
+    if (eglBindAPI(EGL_OPENGL_API) == EGL_FALSE ||
+        eglChooseConfig(display, wanted, &config, 1, &count) == EGL_FALSE || count == 0)
+        return false;
+    // Without attributes, EGL gives the old profile with all of OpenGL 1.1.
+    const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
+    const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
+    return context != EGL_NO_CONTEXT && surface != EGL_NO_SURFACE &&
+           eglMakeCurrent(display, surface, surface, context) == EGL_TRUE;
+}
+
+} // namespace
+
+Offscreen::Offscreen(int picture_width, int picture_height) : width(picture_width), height(picture_height)
+{
+    bool any_driver = false;
+    for (const EGLDisplay candidate : candidate_displays()) {
+        if (candidate == EGL_NO_DISPLAY || eglInitialize(candidate, nullptr, nullptr) == EGL_FALSE)
+            continue;
+        any_driver = true;
+        if (make_current(candidate, width * oversampling, height * oversampling)) {
+            display = candidate;
+            return;
+        }
+        eglTerminate(candidate);
+    }
+    throw std::runtime_error(any_driver ? "the OpenGL driver cannot draw a picture of " +
+                                              std::to_string(width) + "," + std::to_string(height) + " pixels"
+                                        : "no OpenGL driver found (on Debian: libegl1 and libgl1-mesa-dri)");
+}
+
+Offscreen::~Offscreen()
+{
+    eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    eglTerminate(display);
+}
+
+Picture Offscreen::read() const
+{
+    constexpr std::size_t n = oversampling;
+    const auto columns = static_cast<std::size_t>(width), rows = static_cast<std::size_t>(height);
+    const std::size_t stride = columns * n * 4;
+    std::vector<std::uint8_t> band(stride * n); // the pixels under one row of the picture
+    Picture picture{width, height, std::vector<std::uint8_t>(columns * rows * 3)};
+    std::uint8_t *to = picture.rgb.data();
+    for (int row = height - 1; row >= 0; --row) {
+        glReadPixels(0, row * oversampling, width * oversampling, oversampling, GL_RGBA, GL_UNSIGNED_BYTE,
+                     band.data());
+        for (std::size_t x = 0; x < columns; ++x)
+            for (std::size_t channel = 0; channel < 3; ++channel) {
+                std::size_t sum = n * n / 2;
+                for (std::size_t sample = 0; sample < n * n; ++sample)
+                    sum += band[sample / n * stride + (x * n + sample % n) * 4 + channel];
+                *to++ = static_cast<std::uint8_t>(sum / (n * n));
+            }
+    }
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+        throw std::runtime_error("the OpenGL driver reports error " + std::to_string(error));
+    return picture;
+}

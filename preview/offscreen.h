@@ -1,0 +1,32 @@
+// OpenGL without a display: an EGL context with a framebuffer in memory.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+struct Picture {
+    int width = 0, height = 0;
+    std::vector<std::uint8_t> rgb; // three bytes a pixel, the top row first
+};
+
+// The pictures are drawn at this multiple of their size and filtered down, which smooths the edges.
+inline constexpr int oversampling = 2;
+
+// A current OpenGL context whose framebuffer is `oversampling` times as wide and high as the picture.
+class Offscreen {
+  public:
+    // Width and height of the picture in pixels. Throws std::runtime_error when no driver gives a context or
+    // the driver cannot hold a picture of that size.
+    Offscreen(int picture_width, int picture_height);
+    ~Offscreen();
+    Offscreen(const Offscreen &) = delete;
+    Offscreen &operator=(const Offscreen &) = delete;
+
+    // What has been drawn, at the size of the picture. Throws std::runtime_error when OpenGL reports an
+    // error, as for too little memory.
+    Picture read() const;
+
+  private:
+    int width, height;
+    void *display = nullptr;
+};

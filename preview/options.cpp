@@ -1,0 +1,110 @@
+#include "options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <iostream>
+
+namespace {
+
+// What an option with numbers takes, as --help shows it, and the least and greatest number.
+template <class Number> struct Range {
+    const char *shape;
+    Number least, most;
+};
+
+// Reads exactly `count` numbers with commas between.
+template <class Number, std::size_t count>
+bool read_numbers(const std::string &text, Range<Number> range, std::array<Number, count> &target)
+{
+    const char *at = text.data(), *const end = at + text.size();
+    for (Number &number : target) {
+        if (&number != target.data() && (at == end || *at++ != ','))
+            return false;
+        const auto [stop, error] = std::from_chars(at, end, number);
+        if (error != std::errc{} || !(number >= range.least && number <= range.most))
+            return false;
+        at = stop;
+    }
+    return at == end;
+}
+
+template <class Number, std::size_t count>
+void add_numbers(CLI::App &app, const char *option, const char *help, Range<Number> range,
+                 std::array<Number, count> &target)
+{
+    const auto store = [option, range, &target](const std::string &text) {
+        if (!read_numbers(text, range, target))
+            throw CLI::ValidationError(option, "'" + text + "' is not " + range.shape + " from " +
+                                                   CLI::detail::to_string(range.least) + " to " +
+                                                   CLI::detail::to_string(range.most));
+    };
+    app.add_option_function<std::string>(option, store, help)->type_name(range.shape);
+}
+
+constexpr const char *footer = R"(In the window:
+  drag         turn the scene
+  wheel        zoom
+  t f b l r i  view from the top, front, back, left, right; isometric
+  q            leave
+
+Exit status: 0 done, 1 failed, 2 wrong usage.)";
+
+} // namespace
+
+std::optional<Options> parse_options(int argc, const char *const *argv, int &exit_status)
+{
+    Options options;
+    std::array<double, 1> azimuth{0}, elevation{0}, zoom{1};
+    std::string view = "iso";
+    bool unlit = false, no_render = false;
+    std::vector<std::string> view_names;
+    for (const NamedView &each : named_views)
+        view_names.emplace_back(each.name);
+
+    CLI::App app("Shows an output file of MarlOgl: in a window, or as a picture.", "marlogl-preview");
+    app.footer(footer);
+    app.set_version_flag("--version", "marlogl-preview " MARLOGL_PREVIEW_VERSION);
+    app.add_option("file", options.input, "Output file of MarlOgl")->required()->type_name("FILE");
+    app.add_option("--output", options.output, "Write a PNG picture and end; - is standard output")
+        ->type_name("FILE");
+    add_numbers(app, "--resolution", "Size of the picture or window [1000,600]", {"W,H", 1, 8192},
+                options.resolution);
+    app.add_option("--view", view, "Where to look from [iso]")
+        ->type_name("NAME")
+        ->check(CLI::IsMember(view_names));
+    add_numbers(app, "--camera-azimuth-angle", "Turn the camera to the right, in degrees",
+                {"ANGLE", -360.0, 360.0}, azimuth);
+    add_numbers(app, "--camera-elevation-angle", "Turn the camera up, in degrees", {"ANGLE", -180.0, 180.0},
+                elevation);
+    add_numbers(app, "--camera-zoom-factor", "Magnify the framed scene [1]", {"FACTOR", 0.001, 1000.0}, zoom);
+    app.add_flag("--camera-orthographic", options.orthographic, "No perspective");
+    add_numbers(app, "--background-color", "Red, green, blue [0.3,0.35,0.4]", {"R,G,B", 0.0f, 1.0f},
+                options.appearance.background);
+    app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
+    app.add_option("--texture-dir", options.texture_folders, "One more folder with textures; repeatable")
+        ->type_name("DIR")
+        ->allow_extra_args(false);
+    app.add_flag("--no-render", no_render, "Read the file only");
+    app.add_flag("--verbose", options.verbose, "Report what the file holds");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success &success) {
+        exit_status = app.exit(success);
+        return {};
+    } catch (const CLI::ParseError &error) {
+        std::cerr << "marlogl-preview: " << error.what() << " (see --help)\n";
+        exit_status = 2;
+        return {};
+    }
+
+    for (const NamedView &each : named_views)
+        if (each.name == view)
+            options.direction = {each.direction.azimuth + azimuth[0],
+                                 each.direction.elevation + elevation[0]};
+    options.zoom = zoom[0];
+    options.appearance.lit = !unlit;
+    options.render = !no_render;
+    return options;
+}

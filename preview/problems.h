@@ -1,0 +1,30 @@
+// What could not be read, each with its line. Shared by the statement reader and the scene builder.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+struct Problem {
+    std::uint32_t line; // counted from 1
+    std::string text;
+};
+
+// Keeps the first hundred problems and counts the rest, so that a file of garbage stays cheap.
+class Problems {
+  public:
+    void add(std::uint32_t line, std::string text)
+    {
+        ++total;
+        if (kept.size() < 100)
+            kept.push_back({line, std::move(text)});
+    }
+    const std::vector<Problem> &list() const { return kept; }
+    std::size_t count() const { return total; }
+
+  private:
+    std::vector<Problem> kept;
+    std::size_t total = 0;
+};

@@ -1,0 +1,203 @@
+#include "statements.h"
+
+#include "cursor.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace {
+
+enum class Arguments : std::uint8_t { none, numbers, bytes, symbol, text };
+
+struct Form {
+    std::string_view name;
+    Operation operation;
+    Arguments arguments;
+    std::size_t count;
+};
+
+// The commonest statements stand first: the search goes from top to bottom.
+constexpr Form forms[] = {
+    {"glVertex3d",     Operation::vertex,        Arguments::numbers, 3},
+    {"glTexCoord2f",   Operation::tex_coord,     Arguments::numbers, 2},
+    {"glNormal3d",     Operation::normal,        Arguments::numbers, 3},
+    {"glColor3ub",     Operation::colour,        Arguments::bytes,   3},
+    {"glBegin",        Operation::begin,         Arguments::symbol,  1},
+    {"glEnd",          Operation::end,           Arguments::none,    0},
+    {"BindTexture",    Operation::bind_texture,  Arguments::text,    1},
+    {"glEnable",       Operation::enable,        Arguments::symbol,  1},
+    {"glDisable",      Operation::disable,       Arguments::symbol,  1},
+    {"glTranslated",   Operation::translate,     Arguments::numbers, 3},
+    {"glRotated",      Operation::rotate,        Arguments::numbers, 4},
+    {"glScalef",       Operation::scale,         Arguments::numbers, 3},
+    {"glPushMatrix",   Operation::push_matrix,   Arguments::none,    0},
+    {"glPopMatrix",    Operation::pop_matrix,    Arguments::none,    0},
+    {"glLoadIdentity", Operation::load_identity, Arguments::none,    0},
+    {"glMatrixMode",   Operation::matrix_mode,   Arguments::symbol,  1},
+    {"glVertex3f",     Operation::vertex,        Arguments::numbers, 3},
+    {"glTexCoord2d",   Operation::tex_coord,     Arguments::numbers, 2},
+    {"glNormal3f",     Operation::normal,        Arguments::numbers, 3},
+    {"glTranslatef",   Operation::translate,     Arguments::numbers, 3},
+    {"glRotatef",      Operation::rotate,        Arguments::numbers, 4},
+    {"glScaled",       Operation::scale,         Arguments::numbers, 3},
+};
+
+struct SymbolName {
+    std::string_view name;
+    Symbol symbol;
+};
+
+constexpr SymbolName symbols[] = {
+    {"GL_POLYGON",    Symbol::polygon   },
+    {"GL_LINES",      Symbol::lines     },
+    {"GL_POINTS",     Symbol::points    },
+    {"GL_TEXTURE_2D", Symbol::texture_2d},
+    {"GL_MODELVIEW",  Symbol::modelview },
+    {"GL_TEXTURE",    Symbol::texture   },
+    {"GL_PROJECTION", Symbol::projection},
+};
+
+constexpr std::string_view scenery_commands[] = {"Call",     "TransformCall", "Jump", "Return",  "MoveToPt",
+                                                 "DrawToPt", "Dbx",           "Dot",  "IfVarAnd"};
+
+class Reader {
+  public:
+    Reader(Statements &good, Problems &bad) : statements(good), problems(bad) {}
+
+    void read_line(std::string_view line)
+    {
+        ++line_number;
+        Cursor cursor(line);
+        if (cursor.at_end())
+            return;
+        if (cursor.starts_with("//")) {
+            read_comment(cursor);
+            return;
+        }
+        if (cursor.starts_with(":") || cursor.starts_with(";")) {
+            ++statements.skipped_lines;
+            return;
+        }
+        while (!cursor.at_end() && !cursor.starts_with("//"))
+            if (!read_statement(cursor))
+                return;
+    }
+
+  private:
+    // An object is announced by two comments: its number and its name. The name may look like a number.
+    void read_comment(Cursor cursor)
+    {
+        ++statements.skipped_lines;
+        cursor.take('/');
+        cursor.take('/');
+        const bool announces = !name_follows && cursor.starts_with("*** Sequence ");
+        statements.objects += announces;
+        name_follows = announces;
+    }
+
+    // False when the rest of the line makes no sense any more.
+    bool read_statement(Cursor &cursor)
+    {
+        const std::string_view name = cursor.word();
+        const auto *const form = std::find_if(std::begin(forms), std::end(forms),
+                                              [&](const Form &candidate) { return candidate.name == name; });
+        if (form == std::end(forms)) {
+            if (std::find(std::begin(scenery_commands), std::end(scenery_commands), name) !=
+                std::end(scenery_commands))
+                ++statements.skipped_lines;
+            else
+                problems.add(line_number, "no statement is known that starts like this");
+            return false;
+        }
+        name_follows = false;
+        Statement statement{form->operation};
+        statement.line = line_number;
+        if (!cursor.take('('))
+            return damaged(*form, "( is missing");
+        if (!read_arguments(cursor, *form, statement))
+            return false;
+        if (!cursor.take(')') || !cursor.take(';'))
+            return damaged(*form, ") or ; is missing");
+        statements.list.push_back(statement);
+        return true;
+    }
+
+    bool read_arguments(Cursor &cursor, const Form &form, Statement &statement)
+    {
+        for (std::size_t i = 0; i < form.count; ++i) {
+            if (i > 0 && !cursor.take(','))
+                return damaged(form, "a comma is missing");
+            if (!read_argument(cursor, form.arguments, i, statement))
+                return damaged(form, "argument " + std::to_string(i + 1) + " cannot be read");
+        }
+        return true;
+    }
+
+    bool read_argument(Cursor &cursor, Arguments kind, std::size_t i, Statement &statement)
+    {
+        switch (kind) {
+        case Arguments::none:
+            return true;
+        case Arguments::numbers:
+            return cursor.number(statement.values[i]);
+        case Arguments::bytes:
+            return cursor.byte(statement.values[i]);
+        case Arguments::symbol:
+            return read_symbol(cursor.word(), statement);
+        case Arguments::text:
+            return read_texture(cursor, statement);
+        }
+        return false;
+    }
+
+    static bool read_symbol(std::string_view name, Statement &statement)
+    {
+        for (const SymbolName &candidate : symbols)
+            if (candidate.name == name)
+                statement.symbol = candidate.symbol;
+        return name.starts_with("GL_");
+    }
+
+    bool read_texture(Cursor &cursor, Statement &statement)
+    {
+        std::string_view name;
+        if (!cursor.quoted(name))
+            return false;
+        const auto [known, is_new] =
+            texture_indices.try_emplace(name, static_cast<std::uint32_t>(statements.textures.size()));
+        if (is_new)
+            statements.textures.emplace_back(name);
+        statement.texture = known->second;
+        return true;
+    }
+
+    bool damaged(const Form &form, std::string_view what)
+    {
+        problems.add(line_number, std::string(form.name) + ": " + std::string(what));
+        return false;
+    }
+
+    Statements &statements;
+    Problems &problems;
+    std::unordered_map<std::string_view, std::uint32_t> texture_indices;
+    std::uint32_t line_number = 0;
+    bool name_follows = false;
+};
+
+} // namespace
+
+Statements read_statements(std::string_view text, Problems &problems)
+{
+    Statements statements;
+    statements.list.reserve(text.size() / 32);
+    Reader reader(statements, problems);
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        if (line.ends_with('\r'))
+            line.remove_suffix(1);
+        reader.read_line(line);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return statements;
+}

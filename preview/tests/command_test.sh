@@ -1,0 +1,144 @@
+#!/bin/sh
+# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|window PROGRAM
+# Ends with 77 when this machine has no OpenGL driver or no virtual display.
+
+part=$1
+program=$2
+work=$(mktemp -d) || exit 1
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+unset DISPLAY WAYLAND_DISPLAY
+failures=0
+
+fail()
+{
+    echo "FAILED: $*"
+    failures=$((failures + 1))
+}
+
+# expect STATUS TEXT ARGUMENT...: the exit status, and a text that one of the two outputs holds.
+expect()
+{
+    wanted=$1
+    text=$2
+    shift 2
+    timeout 60 "$program" "$@" >out 2>err
+    status=$?
+    [ $status -eq "$wanted" ] || fail "$*: status $status, not $wanted"
+    grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
+}
+
+cat >town.ogl <<'END'
+glPushMatrix();
+//                                                  *** Sequence 01
+//                                                  *** barn
+BindTexture( "brick.bmp" );
+glEnable( GL_TEXTURE_2D );
+glBegin( GL_POLYGON );
+      glTexCoord2f( 0.0f, 0.0f );
+      glVertex3d( 0, 0, 0 );
+      glVertex3d( 8, 0, 0 );
+      glVertex3d( 8, 8, 4 );
+      glVertex3d( 0, 8, oops );
+glEnd();
+glPopMatrix();
+END
+printf 'no statement at all\n' >letter.txt
+
+require_driver()
+{
+    "$program" town.ogl --output=probe.png 2>err && return
+    if grep -q "no OpenGL driver" err; then
+        echo "skipped: no OpenGL driver"
+        exit 77
+    fi
+    fail "picture: $(cat err)"
+}
+
+usage()
+{
+    expect 0 "Usage: marlogl-preview" --help
+    expect 0 "marlogl-preview " --version
+    expect 2 "file is required"
+    expect 2 "--colour" --colour town.ogl
+    expect 2 "not expected: more" town.ogl more
+    expect 2 "'1000' is not W,H" town.ogl --resolution=1000
+    expect 2 "'0,600' is not" town.ogl --resolution=0,600
+    expect 2 "'9,9,9' is not" town.ogl --resolution 9,9,9
+    expect 2 "'nan' is not" town.ogl --camera-zoom-factor=nan
+    expect 2 "'0,0,2' is not R,G,B" town.ogl --background-color=0,0,2
+    expect 2 "below not in" town.ogl --view=below
+    expect 1 "cannot read nowhere.ogl" nowhere.ogl
+    expect 1 "cannot read ." .
+    expect 1 "it holds no statement" letter.txt --no-render
+    expect 1 "is there a display?" town.ogl
+    expect 0 "missing textures        1" town.ogl --no-render --verbose --texture-dir a --texture-dir=b
+    expect 0 "town.ogl:11: glVertex3d: argument 3 cannot be read" town.ogl --no-render
+    expect 0 'texture "brick.bmp" is missing' town.ogl --no-render
+}
+
+picture()
+{
+    require_driver
+    expect 0 "" town.ogl --output=town.png --resolution=40,30 --view=left --camera-azimuth-angle=-30 \
+        --camera-elevation-angle 20 --camera-zoom-factor=2 --camera-orthographic \
+        --background-color=1,1,1 --unlit
+    [ "$(od -An -tx1 -j16 -N8 town.png | tr -d ' \n')" = 000000280000001e ] || fail "town.png is not 40 x 30"
+    expect 0 PNG town.ogl --output=- --verbose
+    grep -q faces err || fail "the report is not on standard error beside a picture"
+    expect 1 "cannot write nowhere/town.png" town.ogl --output=nowhere/town.png
+    [ ! -e /dev/full ] || expect 1 "cannot write /dev/full" town.ogl --output=/dev/full
+}
+
+window()
+{
+    for tool in Xvfb xdotool; do
+        if ! command -v $tool >/dev/null; then
+            echo "skipped: $tool is not installed"
+            exit 77
+        fi
+    done
+    require_driver
+    mkdir screen
+    # Xvfb keeps what it shows in a file, and writes the number of a free display to descriptor 3.
+    Xvfb -displayfd 3 -screen 0 640x480x24 -fbdir screen 3>number 2>/dev/null &
+    server=$!
+    trap 'kill $server 2>/dev/null; rm -rf "$work"' EXIT
+    for _ in $(seq 40); do [ -s number ] || sleep 0.5; done
+    DISPLAY=:$(cat number)
+    export DISPLAY
+    "$program" town.ogl --resolution=400,300 2>err &
+    viewer=$!
+    timeout 30 xdotool search --sync --name "marlogl-preview - town.ogl" >/dev/null ||
+        fail "no window: $(cat err)"
+    seen=
+    changes "the first picture"
+    xdotool mousemove 200 150 mousedown 1 mousemove 230 150 mousemove 260 170 mouseup 1
+    changes "dragging"
+    xdotool click 4
+    changes "the wheel"
+    xdotool key t
+    changes "the view from the top"
+    xdotool key q
+    for _ in $(seq 20); do kill -0 $viewer 2>/dev/null && sleep 0.5; done
+    kill -0 $viewer 2>/dev/null && fail "q does not end the window" && kill $viewer
+    wait $viewer || fail "the window ends with status $?"
+}
+
+# Waits until the screen differs from what was `seen`, and then stays the same for a moment.
+changes()
+{
+    for _ in $(seq 20); do
+        sleep 0.5
+        now=$(cksum <screen/Xvfb_screen0)
+        if [ "$now" != "$seen" ] && [ "$now" = "$before" ]; then
+            seen=$now
+            return
+        fi
+        before=$now
+    done
+    fail "$1 changes nothing"
+}
+
+$part
+[ $failures -eq 0 ]

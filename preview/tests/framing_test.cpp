@@ -1,0 +1,122 @@
+#include "framing.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+struct Clip {
+    double x, y, z, w; // inside the picture where x, y and z lie between -w and w
+};
+
+Clip clip(const Camera &camera, Vec3 p)
+{
+    const auto transform = [](const std::array<double, 16> &m, std::array<double, 4> v) {
+        std::array<double, 4> result{};
+        for (std::size_t row = 0; row < 4; ++row)
+            for (std::size_t column = 0; column < 4; ++column)
+                result[row] += m[column * 4 + row] * v[column];
+        return result;
+    };
+    const auto [x, y, z, w] = transform(camera.projection, transform(camera.view, {p.x, p.y, p.z, 1}));
+    return {x, y, z, w};
+}
+
+Scene scene_of(const std::vector<Vec3> &points)
+{
+    Statements statements;
+    statements.list.push_back({Operation::begin, Symbol::points});
+    for (const Vec3 p : points)
+        statements.list.push_back({
+            Operation::vertex, Symbol::other, 0, 0, {p.x, p.y, p.z, 0}
+        });
+    Problems problems;
+    return build_scene(statements, problems);
+}
+
+TEST(Framing, AnySceneFillsThePictureAndStaysInside)
+{
+    std::mt19937 random(1);
+    const auto between = [&](double a, double b) { return std::uniform_real_distribution(a, b)(random); };
+    for (int round = 0; round < 300; ++round) {
+        const Vec3 size{std::exp(between(-6, 9)), std::exp(between(-6, 9)), std::exp(between(-6, 9))};
+        const Vec3 far_away{between(-1e6, 1e6), between(-1e6, 1e6), 0};
+        std::vector<Vec3> points;
+        for (int i = 0; i < 40; ++i)
+            points.push_back(far_away +
+                             Vec3{size.x * between(-1, 1), size.y * between(-1, 1), size.z * between(-1, 1)});
+        const Scene scene = scene_of(points);
+        const Lens lens{std::exp(between(-1, 1)), 1, round % 2 == 1};
+        const Camera camera = frame(scene, {between(-180, 180), between(-90, 90)}, lens);
+        double left = 1e9, right = 1e9, bottom = 1e9, top = 1e9; // the room at the four edges
+        const double distance = lens.orthographic ? 1 : -camera.view[14];
+        for (const Vertex &vertex : scene.vertices) {
+            const auto [x, y, z, w] = clip(camera, vertex.position - scene.centre());
+            left = std::min(left, (w + x) / distance);
+            right = std::min(right, (w - x) / distance);
+            bottom = std::min(bottom, (w + y) / distance);
+            top = std::min(top, (w - y) / distance);
+            EXPECT_LE(std::abs(z), w) << round;
+        }
+        constexpr double margin = 1 - 1 / 1.05;
+        EXPECT_NEAR(left, right, 1e-6) << round;
+        EXPECT_NEAR(bottom, top, 1e-6) << round;
+        EXPECT_NEAR(std::min(left, top), margin, 1e-6) << round;
+    }
+}
+
+TEST(Framing, NamedViewsLookFromWhereTheirNameSays)
+{
+    const Scene scene = scene_of({
+        {-1, -1, -1},
+        {1,  1,  1 }
+    });
+    // To which side of the picture +x, +y and +z go: r(ight), l(eft), u(p), d(own), n(ear), f(ar).
+    const std::pair<std::string_view, std::string_view> rows[] = {
+        {"top",   "run"},
+        {"front", "rfu"},
+        {"back",  "lnu"},
+        {"left",  "flu"},
+        {"right", "nru"}
+    };
+    for (const auto &[name, sides] : rows)
+        for (const NamedView &view : named_views)
+            if (view.name == name) {
+                const Camera camera = frame(scene, view.direction, {1, 1, true});
+                std::string seen;
+                for (const Vec3 axis : {
+                         Vec3{1, 0, 0},
+                         Vec3{0, 1, 0},
+                         Vec3{0, 0, 1}
+                }) {
+                    const Clip at = clip(camera, axis);
+                    seen += at.x > 0.3    ? 'r'
+                            : at.x < -0.3 ? 'l'
+                            : at.y > 0.3  ? 'u'
+                            : at.y < -0.3 ? 'd'
+                            : at.z < 0    ? 'n'
+                                          : 'f';
+                }
+                EXPECT_EQ(seen, sides) << name;
+            }
+}
+
+TEST(Framing, ScenesWithoutExtentDoNotBreakTheCamera)
+{
+    for (const std::vector<Vec3> &points : {
+             std::vector<Vec3>{},
+             {                      {5, 5, 5}},
+             {             {0, 0, 0}, {0, 0, 1e-300}},
+             { {-1e15, -1e15, -1e15}, {1e15, 1e15, 1e15}}
+    })
+        for (const NamedView &view : named_views)
+            for (const bool orthographic : {false, true}) {
+                const Camera camera = frame(scene_of(points), view.direction, {1, 1, orthographic});
+                for (const auto &matrix : {camera.projection, camera.view})
+                    for (const double value : matrix)
+                        EXPECT_LT(std::abs(value), 1e38) << points.size() << view.name; // false for NaN, too
+            }
+}
+
+} // namespace
