@@ -1,0 +1,28 @@
+// A file system in memory, for runs in the tests' own process.
+#pragma once
+
+#include "host/file_system.h"
+
+#include <map>
+#include <string>
+
+namespace marlogl {
+
+/// Files by their paths. The executable lies in the folder "program", the current folder is ".".
+class MemoryFiles : public FileSystem {
+  public:
+    std::map<std::string, std::string> files;
+
+    std::unique_ptr<InputFile> open(const std::string &path) override;
+    std::unique_ptr<OutputFile> create(const std::string &path) override;
+    void remove(const std::string &path) override { files.erase(path); }
+    bool exists(const std::string &path) override;
+    bool same_file(const std::string &a, const std::string &b) override
+    {
+        return a == b && files.contains(a);
+    }
+    std::vector<std::string> names_in(const std::string &folder) override;
+    std::string executable_folder() override { return "program"; }
+};
+
+} // namespace marlogl
