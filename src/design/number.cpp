@@ -46,7 +46,8 @@ class Characters {
     std::size_t at_ = 0;
 };
 
-// Whole multiples of powers of ten up to here are exact, and so their quotients are rounded once.
+// Whole numbers of so many digits and the powers of ten are exact doubles, so their quotient is rounded only
+// once.
 constexpr int exact_digits = 15;
 constexpr double power_of_ten[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
@@ -86,8 +87,8 @@ double numeric_value(std::string_view text)
     in.take_any_of("+-");
 
     std::string digits; // with the point among them
-    long long mantissa = 0,
-              order = 0; // the first digit that is not 0 stands for a multiple of 10^(order - 1)
+    long long mantissa = 0;
+    long long order = 0; // the first digit that is not 0 stands for a multiple of 10^(order - 1)
     int digit_count = 0, decimals = 0;
     bool point = false, zero = true;
     for (;;) {

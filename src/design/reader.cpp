@@ -102,29 +102,15 @@ void store_scene_2(Reading &, Line line)
     store_scene(line, scene_fields_2, 86);
 }
 
-void store_extents_1(Reading &, Line line)
+// The number from position `first` on goes to a cell of the scene record.
+template <int cell, std::size_t first> void store_scene_cell(Reading &, Line line)
 {
-    object_param(35, 0) = numeric_value(columns(line, 2));
+    object_param(cell, 0) = numeric_value(columns(line, first));
 }
 
-void store_extents_2(Reading &, Line line)
+void store_extents(Reading &, Line line)
 {
     store_fields(line, extent_fields);
-}
-
-void store_cell_40(Reading &, Line line)
-{
-    object_param(40, 0) = numeric_value(columns(line, 3));
-}
-
-void store_cell_41(Reading &, Line line)
-{
-    object_param(41, 0) = numeric_value(columns(line, 3));
-}
-
-void store_cell_49(Reading &, Line line)
-{
-    object_param(49, 0) = numeric_value(columns(line, 2));
 }
 
 void store_scale_level(Reading &, Line line)
@@ -154,19 +140,10 @@ void open_next_object(Reading &reading, Line line)
     object_type(reading.object) = whole_16(numeric_value(columns(line, 2)), "type");
 }
 
-void store_name(Reading &reading, Line line)
+// The rest of the line goes to a text of the object.
+template <Table<std::string, objects> &texts> void store_object_text(Reading &reading, Line line)
 {
-    object_name(reading.object) = columns(line, 2);
-}
-
-void store_x(Reading &reading, Line line)
-{
-    object_x(reading.object) = columns(line, 2);
-}
-
-void store_y(Reading &reading, Line line)
-{
-    object_y(reading.object) = columns(line, 2);
+    texts(reading.object) = columns(line, 2);
 }
 
 double slot_of(Line line)
@@ -210,7 +187,7 @@ void store_colour_flag(Reading &reading, Line line)
 std::int16_t coordinate(Line field, bool shifted)
 {
     const std::int16_t stored = whole_16(numeric_value(field), "coordinate");
-    return shifted ? whole_16(stored - 5000, "coordinate") : stored;
+    return shifted ? whole_16(stored - 5000, "coordinate (less 5000)") : stored;
 }
 
 void store_point(Reading &reading, Line line)
@@ -230,6 +207,14 @@ void store_point(Reading &reading, Line line)
     point_attr(point, object) = columns(line, 15, 18);
 }
 
+constexpr auto store_cell_35 = store_scene_cell<35, 2>;
+constexpr auto store_cell_40 = store_scene_cell<40, 3>;
+constexpr auto store_cell_41 = store_scene_cell<41, 3>;
+constexpr auto store_cell_49 = store_scene_cell<49, 2>;
+constexpr auto store_name = store_object_text<object_name>;
+constexpr auto store_x = store_object_text<object_x>;
+constexpr auto store_y = store_object_text<object_y>;
+
 // The first row whose key begins the line decides; a line without one is skipped.
 constexpr Record version1[] = {
     {"MAXI", ignore           },
@@ -242,7 +227,7 @@ constexpr Record version1[] = {
     {"C",    store_x          },
     {"D",    store_y          },
     {"$",    read_number      },
-    {"E",    store_extents_1  },
+    {"E",    store_cell_35    },
     {":",    ignore           },
     {"W",    store_scene_1    },
     {"P",    store_parameter  },
@@ -267,7 +252,7 @@ constexpr Record version2[] = {
     {"C",    store_x          },
     {"D",    store_y          },
     {"$",    read_number      },
-    {"E",    store_extents_2  },
+    {"E",    store_extents    },
     {":",    ignore           },
     {"W",    store_scene_2    },
     {"P",    store_parameter  },
@@ -304,18 +289,22 @@ void read_records(Reading &reading, std::span<const Record> records)
                 }
         } while (!reading.ended && !file.at_end());
     } catch (const RunError &error) {
-        if (error.fault == Fault::input_output)
+        // A file's own errors name the file.
+        if (error.fault == Fault::input_output || error.fault == Fault::past_end)
             throw;
-        throw error.at(number == 0 ? file.path() : file.path() + ':' + std::to_string(number));
+        throw error.at(file.path() + ':' + std::to_string(number));
     }
 }
 
 // Before version 1.2 the positions of a structure's antennas stood in cells, and a height of 0 meant none.
 void convert_antennas(int object)
 {
+    const auto position = [object](int cell) {
+        return whole_16(object_param(cell, object), "antenna position (cell " + std::to_string(cell) + ')');
+    };
     for (int j = 38; j <= 41; ++j) {
-        point_x(j + 13, object) = whole_16(object_param(j, object), "antenna position");
-        point_y(j + 13, object) = whole_16(object_param(j + 4, object), "antenna position");
+        point_x(j + 13, object) = position(j);
+        point_y(j + 13, object) = position(j + 4);
         if (object_param(j + 8, object) == 0)
             object_param(j - 2, object) = 0;
     }

@@ -23,6 +23,7 @@ extern Table<double, cells, objects> object_param;
 extern Table<Text<2>, code_slots, objects> object_code;
 /// Two characters, then red, green and blue in three characters each.
 extern Table<Text<11>, face_slots, objects> object_colour;
+/// Kept as the design file has them; nothing reads them.
 extern Table<Text<1>, face_slots, objects> object_colour_flag;
 /// Free texts, among them the texture names of the faces.
 extern Table<std::string, face_slots, objects> object_text;
@@ -31,9 +32,12 @@ extern Table<std::string, objects> object_name;
 extern Table<std::string, objects> object_x, object_y;
 /// Points of an outline, a road, a tower, or texture positions in pixels: by kind.
 extern Table<std::int16_t, points, objects> point_x, point_y;
+/// A colour number, for the kinds that colour their points.
 extern Table<Text<2>, points, objects> point_code;
+/// Four marks, whose meaning belongs to the kind.
 extern Table<Text<4>, points, objects> point_attr;
 
+/// Chooses the factor of the scale line.
 extern Text<2> scale_level;
 
 /// Settings of the run.
@@ -43,6 +47,7 @@ extern std::string input_path, output_path, colour_outside, colour_inside;
 extern int current_object;
 /// A scratch flag that the run and the generators share.
 extern bool work_flag;
+/// Where the object in hand is placed, and whether that moves it; its z is always 0.
 extern bool placement_moved;
 extern double placement_x, placement_y;
 extern std::int16_t placement_z;

@@ -27,18 +27,17 @@ Ring selected_ring(double selector)
 void write_face(Side side, const Face &face)
 {
     const FaceSlots &slots = face.slots[side];
-    const std::string_view direction = side == inside ? " ai   ;" : " a   ;";
     auto [p1, p2, p3, p4] = face.points;
     if (p4 == none) {
         if (side == inside)
             std::swap(p1, p3);
-        write3(direction, "", "", slots.t, slots.bit1, p1, p2, p3, face.name);
+        write3("", "", "", slots.t, slots.bit1, p1, p2, p3, face.name);
     } else {
         if (side == inside) {
             std::swap(p1, p4);
             std::swap(p2, p3);
         }
-        write4a(direction, slots.t, p1, p2, p3, p4, slots.bit1, face.name);
+        write4a("", slots.t, p1, p2, p3, p4, slots.bit1, face.name);
     }
 }
 

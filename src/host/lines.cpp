@@ -39,7 +39,7 @@ bool LineReader::at_end()
 std::string_view LineReader::read_line(std::size_t most)
 {
     if (at_end())
-        throw RunError(Fault::past_end, "the file ends where a line is expected");
+        throw RunError(Fault::past_end, "the file " + quoted_path(path_) + " ends where a line is expected");
     const char *line = buffer_.get() + next_;
     const void *line_end = std::memchr(line, '\n', end_ - next_);
     if (line_end == nullptr)

@@ -11,12 +11,14 @@
 #include "host/lines.h"
 #include "host/paths.h"
 
+#include <cmath>
+
 namespace marlogl {
 
 namespace {
 
-constexpr char comment[] = "//                                                  ";
-static_assert(sizeof comment == 52 + 1);
+constexpr char comment_prefix[] = "//                                                  ";
+static_assert(sizeof comment_prefix == 52 + 1);
 
 std::string colour_components(std::string_view line)
 {
@@ -69,10 +71,11 @@ void make_output_path()
     output_path.replace(output_path.size() - ending, ending, "ogl");
 }
 
-void create_output()
+void create_output(int version)
 {
     const std::string path = native_path(output_path);
-    if (file_system().same_file(path, find_file(native_path(input_path))))
+    // Opening empties the output file, and a link may lead from it to the design file.
+    if (version != 0 && file_system().same_file(path, find_file(native_path(input_path))))
         throw RunError(Fault::input_output,
                        "the output file " + quoted_path(path) + " is the design file itself");
     open_output(path);
@@ -82,19 +85,22 @@ double scale()
 {
     constexpr double feet_per_metre = 3.2808;
     const double level = numeric_value(scale_level);
-    double factor = 1;
-    for (int i = 15; i >= 9; --i)
-        if (level == i)
-            factor = 1 << (16 - i);
+    const bool has_factor = level >= 9 && level <= 15 && level == whole(level);
+    const double factor = has_factor ? std::exp2(16 - level) : 1;
     return fnround(factor / feet_per_metre, 4);
+}
+
+void reset_texture_matrix()
+{
+    write_line("glMatrixMode( GL_TEXTURE );");
+    write_line("glLoadIdentity();");
+    write_line("glMatrixMode( GL_MODELVIEW );");
 }
 
 void write_header()
 {
     const auto s = fnform4(p6(scale()));
-    write_line("glMatrixMode( GL_TEXTURE );");
-    write_line("glLoadIdentity();");
-    write_line("glMatrixMode( GL_MODELVIEW );");
+    reset_texture_matrix();
     write_line("glPushMatrix();");
     write_line("glScalef( ", s, ", ", s, ", ", s, " );");
 }
@@ -102,9 +108,7 @@ void write_header()
 void write_footer()
 {
     write_line("glPopMatrix();");
-    write_line("glMatrixMode( GL_TEXTURE );");
-    write_line("glLoadIdentity();");
-    write_line("glMatrixMode( GL_MODELVIEW );");
+    reset_texture_matrix();
 }
 
 // What a message calls an object: object 12 "Water tower" (type 18, save_bigpoly).
@@ -121,8 +125,8 @@ void write_object(int object, int version)
 {
     vertex_count = 0;
     vertex_copy_count = 0;
-    write_line(comment, "*** Sequence ", p00(object));
-    write_line(comment, "*** ", object_name(object));
+    write_line(comment_prefix, "*** Sequence ", p00(object));
+    write_line(comment_prefix, "*** ", object_name(object));
     if (version == 1)
         Save_MARL1(object);
     else
@@ -152,8 +156,8 @@ void convert()
     read_configuration();
     make_output_path();
     work_flag = false;
-    create_output();
     const int version = design_version(input_path);
+    create_output(version);
     if (version == 1)
         Load_MRL1();
     else if (version == 2)

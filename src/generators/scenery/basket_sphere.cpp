@@ -103,7 +103,7 @@ void write_cap_triangle(Side side, int t, int position, int p1, int p2, int p3)
 {
     if (side == inside)
         std::swap(p1, p3);
-    write3a(" au   ", " au  ", "", t, p1, p2, p3, position, position + 1, position + 2);
+    write3a("", "", "", t, p1, p2, p3, position, position + 1, position + 2);
 }
 
 void write_envelope(Side side, int n, int bottom)

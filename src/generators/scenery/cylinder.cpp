@@ -110,11 +110,10 @@ void write_lights(const Cylinder &cylinder)
     constexpr int unlit_count = 9;
     if (cylinder.ring.count == unlit_count)
         return;
-    char numbers[2 * 20];
-    char *end = numbers;
+    std::string numbers;
     for (int i = 0; i < cylinder.ring.count; ++i)
-        end = output::put(end, p00(cylinder.ring2 + i));
-    make_lights({numbers, static_cast<std::size_t>(end - numbers)});
+        numbers += text_of(p00(cylinder.ring2 + i));
+    make_lights(numbers);
 }
 
 } // namespace

@@ -16,8 +16,7 @@ constexpr int digits[] = {0, 1, 3, 4, 6, 7};
 // Writes the field whose lower left point is `left`.
 void write_field(int left, int t, int bit1)
 {
-    write4(" a ; ", "  a ; ", " ", t, bit1, left, left + columns_of_points, left + columns_of_points + 1,
-           left + 1, "");
+    write4("", "", "", t, bit1, left, left + columns_of_points, left + columns_of_points + 1, left + 1, "");
 }
 
 } // namespace

@@ -28,9 +28,9 @@ void save_flag()
             work_flag = true;
     if (!work_flag)
         return;
-    write4(" a   ;", " a  ;", " ", 1, 1, 0, 1, 2, 3, " action ");
+    write4("", "", "", 1, 1, 0, 1, 2, 3, "");
     if (is_true(8))
-        write4(" ai  ;", " ai ;", " ", 1, 1, 3, 2, 1, 0, " action ");
+        write4("", "", "", 1, 1, 3, 2, 1, 0, "");
 }
 
 } // namespace marlogl

@@ -38,7 +38,6 @@ void write_wire_frame(Span width, double count)
 //   |       |
 //   0 ----- 3     start
 struct Surface {
-    std::string_view label;
     double start, end, start_height, end_height;
 };
 
@@ -51,9 +50,9 @@ void write_surface(Span width, const Surface &surface)
     record(width.low, surface.end, surface.end_height);
     record(width.high, surface.end, surface.end_height + rise);
     record(width.high, surface.start, surface.start_height + rise);
-    write_roads(2, surface.label, 0, 0, -1);
+    write_roads(2, "", 0, 0, -1);
     end_line();
-    write_roads(1, surface.label, 0, 0, 1);
+    write_roads(1, "", 0, 0, 1);
 }
 
 // A length laid over a point; an odd unit lies behind.
@@ -67,16 +66,15 @@ void write_surfaces(Span width)
     const double near_height = cell(57), far_height = cell(54);
     const Halves a(cell(38)), m(cell(1)), b(cell(39));
     if (cell(38) > 0) {
-        write_surface(width, {"Road end 1 ", -a.after - (a.after + m.before), a.before - (a.after + m.before),
-                              0, near_height});
+        write_surface(width,
+                      {-a.after - (a.after + m.before), a.before - (a.after + m.before), 0, near_height});
         end_line();
     }
     if (cell(39) > 0) {
-        write_surface(width, {"Road end 2 ", m.after - b.after + b.before, b.before + m.after + b.before,
-                              far_height, 0});
+        write_surface(width, {m.after - b.after + b.before, b.before + m.after + b.before, far_height, 0});
         end_line();
     }
-    write_surface(width, {"Middle road ", -m.after, m.before, far_height, near_height});
+    write_surface(width, {-m.after, m.before, far_height, near_height});
 }
 
 } // namespace

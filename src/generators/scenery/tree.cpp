@@ -12,9 +12,9 @@ Text<2> texture_code()
     return text_of(hex(6 + (is_true(13) ? 16 : 0) + (is_true(14) ? 32 : 0) + (is_true(15) ? 8 : 0)));
 }
 
-void write_rectangle(std::string_view direction, int p1, int p2, int p3, int p4)
+void write_rectangle(int p1, int p2, int p3, int p4)
 {
-    write4(direction, " a   ;", " Tree", 1, 1, p1, p2, p3, p4, " tree ");
+    write4("", "", "", 1, 1, p1, p2, p3, p4, "");
 }
 
 } // namespace
@@ -38,11 +38,11 @@ void save_tree()
     }
 
     override_texture_code = texture_code();
-    write_rectangle(" a   ;", 3, 2, 1, 0);
+    write_rectangle(3, 2, 1, 0);
     if (crossed) {
-        write_rectangle(" ai   ;", 3, 2, 1, 0);
-        write_rectangle(" a   ;", 4, 5, 6, 7);
-        write_rectangle(" ai   ;", 4, 5, 6, 7);
+        write_rectangle(3, 2, 1, 0);
+        write_rectangle(4, 5, 6, 7);
+        write_rectangle(4, 5, 6, 7);
     }
     override_texture_code = "00";
 }

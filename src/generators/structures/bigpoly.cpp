@@ -37,7 +37,7 @@ void save_bigpoly()
     set_view_side(outside);
     for (double i = 1; i <= n; ++i) {
         const auto [p1, p2, p3, p4] = wall_points(i, n);
-        write_wall(" a   ", i, p1, p2, p3, p4, 4 * i + 37, " Side ");
+        write_wall("", i, p1, p2, p3, p4, 4 * i + 37, "");
     }
 
     const std::string_view all_codes = "123456789ABCDEFGHIJK";

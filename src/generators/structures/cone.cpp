@@ -18,11 +18,9 @@ void save_cone()
         record(radius * fnsin(ring.angle(i)), radius * fncos(ring.angle(i)), ground);
 
     for (int i = 0; i < ring.count; ++i)
-        write3(" ad   ;", " ad   ;", "Bottom side ", 1, 1, first + next(i, ring.count), centre, first + i,
-               "");
+        write3("", "", "", 1, 1, first + next(i, ring.count), centre, first + i, "");
     for (int i = 0; i < ring.count; ++i)
-        write3(" a   ;", " a   ;", "Side ", i + 2, 3 * i + 4, first + i, apex, first + next(i, ring.count),
-               "");
+        write3("", "", "", i + 2, 3 * i + 4, first + i, apex, first + next(i, ring.count), "");
 }
 
 } // namespace marlogl

@@ -66,8 +66,8 @@ void write_wall(Side side, bool flat, bool turn, double i, double n)
         std::swap(p1, p4);
         std::swap(p2, p3);
     }
-    (straight ? write4a : write4ar)(side == inside ? " ai  ; " : " a ; ", before_walls[side] + i, p1, p2, p3,
-                                    p4, 4 * i + before_wall_positions[side], " Side ");
+    (straight ? write4a : write4ar)("", before_walls[side] + i, p1, p2, p3, p4,
+                                    4 * i + before_wall_positions[side], "");
 }
 
 // The hexadecimal digits of 1 to n, one after the other.

@@ -47,11 +47,11 @@ void write_triangle_cap(const Cap &cap, double n, std::string_view codes, bool o
             continue;
         double corner1 = static_cast<double>(a + 1), corner3 = static_cast<double>(c + 1);
         const double corner2 = static_cast<double>(b + 1);
-        const double before = first - 1;
-        const bool turn = fnturn_xy(before + corner1, before + corner2, before + corner3);
+        const auto point = [&](double corner_number) { return first + corner_number - 1; };
+        const bool turn = fnturn_xy(point(corner1), point(corner2), point(corner3));
         if ((turn == (cap.position == top)) != opposite)
             std::swap(corner1, corner3);
-        write3a(" ad   ;", "", "", cap.t, before + corner1, before + corner2, before + corner3,
+        write3a("", "", "", cap.t, point(corner1), point(corner2), point(corner3),
                 corner1 + cap.before_positions, corner2 + cap.before_positions,
                 corner3 + cap.before_positions);
     }

@@ -4,7 +4,6 @@
 #include "generators/figures.h"
 
 #include <array>
-#include <string>
 #include <string_view>
 
 namespace marlogl {
@@ -20,7 +19,8 @@ struct Cap {
     int t, before_positions;
 };
 
-/// The points of wall `i`, 1 to n, as the outside sees them when the outline runs clockwise.
+/// The points of wall `i`, 1 to n: counter-clockwise for a viewer outside when a flat outline runs
+/// counter-clockwise seen from above.
 std::array<double, 4> wall_points(double i, double n);
 
 /// Whether the top outline turns clockwise where it starts: seen from above for a flat outline, else from the

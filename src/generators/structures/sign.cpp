@@ -6,7 +6,8 @@ namespace marlogl {
 
 namespace {
 
-// The first four stand upright on a side of the origin, the others lie.
+// Cell 8: 1 to 4 stand upright on a side of the origin, 5 and 6 lie, and every number above 5 that is not 6
+// is level.
 enum class Mode { unknown, front, right, back, left, tiltable, turned, level };
 
 Mode mode_of(double number)
@@ -72,12 +73,12 @@ void record_lying(Mode mode, const Board &b)
 
 void write_forward(int t, int bit1)
 {
-    write4a(" ai   ;", t, 0, 1, 2, 3, bit1, "");
+    write4a("", t, 0, 1, 2, 3, bit1, "");
 }
 
 void write_backward(int t, int bit1)
 {
-    write4a(" a   ;", t, 3, 2, 1, 0, bit1, "");
+    write4a("", t, 3, 2, 1, 0, bit1, "");
 }
 
 } // namespace

@@ -14,27 +14,30 @@ namespace {
 //  0 ------ 1        +--> x     lower outline 0-3
 constexpr int corner_count = 8;
 
-// A face that goes round the solid: its corners as the inside pass writes them, the cells of its lower and
-// upper edge length, and the cell that asks for straight sides.
+// A face that goes round the solid, the cells of its lower and its upper edge length, and the cell that asks
+// for straight sides.
 struct Wall {
-    int la, ha, hb, lb;
+    Face face;
     int lower_length, upper_length, straight_switch;
     bool along_x;
-    FaceSlots slots[2]; // inside, outside
+
+    // The corners in the order of the inside pass: lower, higher, higher and lower.
+    int la() const { return face.points[3]; }
+    int ha() const { return face.points[2]; }
+    int hb() const { return face.points[1]; }
+    int lb() const { return face.points[0]; }
 };
 
 constexpr Wall walls[] = {
-    {0, 4, 5, 1, 1, 5, 51, true,  {{7, 25}, {1, 1}}  }, // front
-    {1, 5, 6, 2, 2, 6, 52, false, {{10, 37}, {4, 13}}}, // right
-    {2, 6, 7, 3, 3, 7, 53, true,  {{8, 29}, {2, 5}}  }, // back
-    {3, 7, 4, 0, 4, 8, 54, false, {{9, 33}, {3, 9}}  }, // left
+    {{"front", {{7, 25}, {1, 1}}, {1, 5, 4, 0}},   1, 5, 51, true },
+    {{"right", {{10, 37}, {4, 13}}, {2, 6, 5, 1}}, 2, 6, 52, false},
+    {{"back", {{8, 29}, {2, 5}}, {3, 7, 6, 2}},    3, 7, 53, true },
+    {{"left", {{9, 33}, {3, 9}}, {0, 4, 7, 3}},    4, 8, 54, false},
 };
 constexpr int wall_count = 4;
 
-constexpr Face top_face = {
-    "top", {{11, 41}, {5, 17}},
-     { 5, 6,             7, 4}
-};
+constexpr Face top_face = single_face("top", {11, 41}, {5, 17}, {5, 6, 7, 4});
+constexpr Face bottom_face = single_face("bottom", {12, 45}, {6, 21}, {0, 3, 2, 1});
 
 // The sides in the order of the cells that select one, and the direction in which each lies.
 constexpr struct {
@@ -90,13 +93,9 @@ Offsets corner_offsets()
     return offsets;
 }
 
-struct Point {
-    double x, y, z;
-};
+using Corners = std::array<Vertex, corner_count>;
 
-using Points = std::array<Point, corner_count>;
-
-Points corners()
+Corners corners()
 {
     const Span front_x = centred(cell(1)), right_y = centred(cell(2)), back_x = centred(cell(3)),
                left_y = centred(cell(4));
@@ -133,8 +132,9 @@ bool is_straight(const Wall &wall)
     return cell(wall.lower_length) != cell(wall.upper_length) && is_true(wall.straight_switch);
 }
 
-// The point under (or over) the end `narrow` of a wall's narrower edge, on the level of its wider edge.
-void record_foot(const Wall &wall, const Point &narrow, const Point &wide)
+// Records the point under (or over) the end `narrow` of a wall's narrower edge, on the level of its wider
+// edge.
+void record_extra_point(const Wall &wall, const Vertex &narrow, const Vertex &wide)
 {
     if (wall.along_x)
         record(narrow.x, wide.y, wide.z);
@@ -142,47 +142,59 @@ void record_foot(const Wall &wall, const Point &narrow, const Point &wide)
         record(wide.x, narrow.y, wide.z);
 }
 
-void record_feet(const Wall &wall, const Points &solid)
+void record_extra_points(const Wall &wall, const Corners &solid)
 {
-    const bool lower = lower_is_wider(wall);
-    record_foot(wall, solid[lower ? wall.ha : wall.la], solid[lower ? wall.la : wall.ha]);
-    record_foot(wall, solid[lower ? wall.hb : wall.lb], solid[lower ? wall.lb : wall.hb]);
+    const auto corner = [&](int point) { return solid[static_cast<std::size_t>(point)]; };
+    const Vertex la = corner(wall.la()), ha = corner(wall.ha()), hb = corner(wall.hb()),
+                 lb = corner(wall.lb());
+    if (lower_is_wider(wall)) {
+        record_extra_point(wall, ha, la);
+        record_extra_point(wall, hb, lb);
+    } else {
+        record_extra_point(wall, la, ha);
+        record_extra_point(wall, lb, hb);
+    }
 }
 
-// Writes a wall through the points `ea` and `ea` + 1 that record_feet recorded: a rectangle and a triangle on
-// each side of it. The outside pass writes every piece in the opposite order.
+// Writes a wall with straight sides: a rectangle through its extra points `ea` and `ea` + 1, and a triangle
+// on each side of it. The outside pass writes every piece in the opposite order.
 //
-//      ha ------ hb        la, ea, eb, lb stand on one level when the lower edge is the wider one,
-//     / |        | .       ha, ea, eb, hb when the upper one is
-//   la  ea       eb  lb
+//          ha ---- hb            la ea ---- eb lb      the wider edge is the lower or
+//          |       |             |          |          the upper one
+//    la    ea      eb   lb       ha         hb
 void write_straight_wall(Side side, const Wall &wall, int ea)
 {
-    const auto [t, bit1] = wall.slots[side];
     const int eb = ea + 1;
-    // Faces stand as the outside pass writes them.
-    const std::array<int, 4> rectangle =
-        lower_is_wider(wall) ? std::array{eb, wall.hb, wall.ha, ea} : std::array{wall.lb, eb, ea, wall.la};
-    write_face(side, single_face("rectangle", wall.slots[inside], wall.slots[outside], rectangle));
+    const auto [t, bit1] = wall.face.slots[side];
+    const auto rectangle = [&, t = t, bit1 = bit1](int p1, int p2, int p3, int p4) {
+        if (side == outside)
+            write4a("", t, p4, p3, p2, p1, bit1, "");
+        else
+            write4a("", t, p1, p2, p3, p4, bit1, "");
+    };
     const auto triangle = [&, t = t](int p1, int p2, int p3, int position) {
         if (side == outside)
             std::swap(p1, p3);
         write3a("", "", "", t, p1, p2, p3, position, position + 1, position + 2);
     };
-    triangle(wall.la, wall.ha, ea, bit1);
-    triangle(eb, wall.hb, wall.lb, bit1 + 1);
+    if (lower_is_wider(wall))
+        rectangle(ea, wall.ha(), wall.hb(), eb);
+    else
+        rectangle(wall.la(), ea, eb, wall.lb());
+    triangle(wall.la(), wall.ha(), ea, bit1);
+    triangle(eb, wall.hb(), wall.lb(), bit1 + 1);
 }
 
-// `feet` are the first points that record_feet recorded for each wall, none for a wall that is not straight.
-void write_walls(Side side, const std::array<int, wall_count> &feet)
+// The first extra point of each wall, none for a wall without straight sides.
+using ExtraPoints = std::array<int, wall_count>;
+
+void write_walls(Side side, const ExtraPoints &extra_points)
 {
-    for (std::size_t i = 0; i < feet.size(); ++i) {
-        const Wall &wall = walls[i];
-        if (feet[i] != none)
-            write_straight_wall(side, wall, feet[i]);
+    for (std::size_t i = 0; i < extra_points.size(); ++i)
+        if (extra_points[i] == none)
+            write_face(side, walls[i].face);
         else
-            write_face(side, single_face("wall", wall.slots[inside], wall.slots[outside],
-                                         {wall.lb, wall.hb, wall.ha, wall.la}));
-    }
+            write_straight_wall(side, walls[i], extra_points[i]);
 }
 
 bool has_antenna(int j)
@@ -231,15 +243,15 @@ void save_structure()
     List1.clear();
     List2.clear();
 
-    const Points solid = corners();
-    for (const Point &point : solid)
-        record(point.x, point.y, point.z);
-    std::array<int, wall_count> feet;
+    const Corners solid = corners();
+    for (const auto &[x, y, z] : solid)
+        record(x, y, z);
+    ExtraPoints extra_points;
     int last_point = corner_count - 1;
-    for (std::size_t i = 0; i < feet.size(); ++i) {
-        feet[i] = is_straight(walls[i]) ? last_point + 1 : none;
-        if (feet[i] != none) {
-            record_feet(walls[i], solid);
+    for (std::size_t i = 0; i < extra_points.size(); ++i) {
+        extra_points[i] = is_straight(walls[i]) ? last_point + 1 : none;
+        if (extra_points[i] != none) {
+            record_extra_points(walls[i], solid);
             last_point += 2;
         }
     }
@@ -248,14 +260,14 @@ void save_structure()
             record_antenna(j);
     vertex_copy_flag = "N";
 
-    // The bottom face takes the view side that the object before has left.
-    write4a(" au  ; ", 12, 1, 2, 3, 0, 45, " Bottom");
+    // The inside of the bottom takes the view side that the object before has left.
+    write_face(inside, bottom_face);
     set_view_side(inside);
-    write_walls(inside, feet);
+    write_walls(inside, extra_points);
     write_face(inside, top_face);
     set_view_side(outside);
-    write_walls(outside, feet);
-    write4a(" ad  ; ", 6, 0, 3, 2, 1, 21, "bottom");
+    write_walls(outside, extra_points);
+    write_face(outside, bottom_face);
     write_face(outside, top_face);
 
     if (has_lights)
