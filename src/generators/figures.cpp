@@ -28,7 +28,7 @@ void write_face(Side side, const Face &face)
 {
     const FaceSlots &slots = face.slots[side];
     auto [p1, p2, p3, p4] = face.points;
-    if (p4 == none) {
+    if (p4 == no_point) {
         if (side == inside)
             std::swap(p1, p3);
         write3("", "", "", slots.t, slots.bit1, p1, p2, p3, face.name);

@@ -65,14 +65,14 @@ inline void set_view_side(Side side)
     view_side = side == inside ? "I" : "O";
 }
 
-inline constexpr int none = -1;
+inline constexpr int no_point = -1;
 
 /// Face slot and first texture position of a face.
 struct FaceSlots {
     int t, bit1;
 };
 
-/// A triangle (its last point is none) or a quadrilateral that both passes write: the outside pass as its
+/// A triangle (its last point is no_point) or a quadrilateral that both passes write: the outside pass as its
 /// points stand here, the inside pass in the opposite order.
 struct Face {
     std::string_view name;
@@ -80,7 +80,7 @@ struct Face {
     std::array<int, 4> points;
 };
 
-/// A face by itself, outside a table.
+/// A face that stands in no table.
 constexpr Face single_face(std::string_view name, FaceSlots inside_slots, FaceSlots outside_slots,
                            const std::array<int, 4> &corners)
 {
@@ -90,11 +90,13 @@ constexpr Face single_face(std::string_view name, FaceSlots inside_slots, FaceSl
     };
 }
 
+/// Writes a face by write3 or write4a, with the slots and the order of points of `side`. Errors: theirs.
 void write_face(Side side, const Face &face);
 
-/// Writes GL_POINTS at the points whose two-digit numbers stand in `lightss` one after the other, and clears
-/// List2, which must hold the coordinates of the points; a number that it does not hold repeats the light
-/// before. Nothing happens when the current object's code slot 26 is blank. Errors: input_output.
+/// Writes GL_POINTS at the points whose two-digit numbers stand in `lightss` one after the other. List2 must
+/// hold the coordinates of the points, and is cleared; a number that it does not hold repeats the light
+/// before. Sets work_flag to false. Before all that, control characters in the current object's code slot 26
+/// become blanks, and when the slot is blank then, nothing more happens. Errors: input_output.
 void make_lights(std::string_view lightss);
 
 } // namespace marlogl

@@ -150,7 +150,7 @@ void save_basket_sphere()
         if (has_basket)
             write_basket(side, basket);
     }
-    // Both sides of the envelope take the colour of the side that the basket was written last from.
+    // The view side stays outside, also for the inside of the envelope.
     if (cell(19) == 0)
         write_envelope(inside, ring.count, bottom);
     write_envelope(outside, ring.count, bottom);

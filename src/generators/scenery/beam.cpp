@@ -21,7 +21,7 @@ bool starts_run(double i)
     return attribute(i)(2) == 'S';
 }
 
-bool ends_open(double i)
+bool skips_closing(double i)
 {
     return attribute(i)(4) == 'V';
 }
@@ -91,7 +91,7 @@ void save_beam()
             continue;
         if (starts_run(i)) {
             if (open) {
-                if (!ends_open(i))
+                if (!skips_closing(i))
                     fan.close();
                 ++fan.last;
             }
@@ -106,7 +106,7 @@ void save_beam()
             fan.previous = fan.last;
         }
     }
-    if (!ends_open(count))
+    if (!skips_closing(count))
         fan.close();
 }
 

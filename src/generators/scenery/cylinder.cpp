@@ -89,7 +89,7 @@ void write_railing(const Cylinder &cylinder)
 
 void write_triangle(Side side, FaceSlots slots, int p1, int p2, int p3)
 {
-    write_face(side, single_face("end", slots, slots, {p1, p2, p3, none}));
+    write_face(side, single_face("end", slots, slots, {p1, p2, p3, no_point}));
 }
 
 void write_faces(Side side, const Cylinder &cylinder)

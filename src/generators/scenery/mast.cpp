@@ -33,7 +33,7 @@ constexpr struct {
     {{-1, 1},  315},
 };
 
-constexpr int guys = 4;
+constexpr int guys = 4, corners = 4;
 
 bool has_guy_set(int slot)
 {
@@ -60,9 +60,9 @@ void write_guy_set(double first_point)
 
 void write_segment(double j)
 {
-    const double lower = 4 * (j - 1), upper = 4 * j;
+    const double lower = corners * (j - 1), upper = corners * j;
     for (const int c : {1, 2, 3, 0}) {
-        const int d = next(c, guys);
+        const int d = next(c, corners);
         begin_polygon_line();
         for (const double point : {lower + c, upper + c, upper + d, lower + d})
             vertex_line(point);
@@ -91,7 +91,7 @@ void save_mast()
     }
     double first_guys = 0, second_guys = 0;
     if (has_guy_set(3)) {
-        first_guys = 4 * (segments + 1);
+        first_guys = corners * (segments + 1);
         record_guy_set(cell(1), 2 * (base + cell(3)));
     }
     if (has_guy_set(4)) {

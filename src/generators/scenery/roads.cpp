@@ -55,26 +55,27 @@ void write_surface(Span width, const Surface &surface)
     write_roads(1, "", 0, 0, 1);
 }
 
-// A length laid over a point; an odd unit lies behind.
+// A length in two halves, the second with the odd unit.
 struct Halves {
-    explicit Halves(double length) : before(whole(length / 2)), after(length - before) {}
-    double before, after;
+    explicit Halves(double length) : smaller(whole(length / 2)), larger(length - smaller) {}
+    double smaller, larger;
 };
 
 void write_surfaces(Span width)
 {
-    const double near_height = cell(57), far_height = cell(54);
+    const double inner_height_1 = cell(57), inner_height_2 = cell(54);
     const Halves a(cell(38)), m(cell(1)), b(cell(39));
     if (cell(38) > 0) {
-        write_surface(width,
-                      {-a.after - (a.after + m.before), a.before - (a.after + m.before), 0, near_height});
+        write_surface(width, {-a.larger - (a.larger + m.smaller), a.smaller - (a.larger + m.smaller), 0,
+                              inner_height_1});
         end_line();
     }
     if (cell(39) > 0) {
-        write_surface(width, {m.after - b.after + b.before, b.before + m.after + b.before, far_height, 0});
+        write_surface(width,
+                      {m.larger - b.larger + b.smaller, b.smaller + m.larger + b.smaller, inner_height_2, 0});
         end_line();
     }
-    write_surface(width, {-m.after, m.before, far_height, near_height});
+    write_surface(width, {-m.larger, m.smaller, inner_height_2, inner_height_1});
 }
 
 } // namespace

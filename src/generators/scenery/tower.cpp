@@ -12,7 +12,6 @@ struct Member {
     const Text<4> &attribute;
 
     bool in_line_block() const { return attribute(1) == 'Y' && horizontal(); }
-    char run_marker() const { return attribute(2); }
     bool has_light() const { return attribute(3) == 'Y'; }
     bool horizontal() const { return attribute(4) == 'H'; }
     bool vertical() const { return attribute(4) == 'V'; }
@@ -54,8 +53,7 @@ void list_vertical(double i)
 // Adds a member to the code list: its run marker and its colour number.
 void list_code(double i)
 {
-    const char marker[] = {member(i).run_marker(), '\0'};
-    add_entry(List2, marker, point_code(i, current_object).view());
+    add_entry(List2, columns(member(i).attribute, 2, 2), point_code(i, current_object).view());
 }
 
 struct ListedPoint {

@@ -6,7 +6,7 @@ namespace marlogl {
 
 namespace {
 
-// How the tree's texture is bound, as bits of a hexadecimal code.
+// A code that tells the texture options apart; it is remembered with the texture, never written.
 Text<2> texture_code()
 {
     return text_of(hex(6 + (is_true(13) ? 16 : 0) + (is_true(14) ? 32 : 0) + (is_true(15) ? 8 : 0)));

@@ -15,14 +15,14 @@ constexpr struct {
     Part part;
     Face face; // slots: inside, outside; points as the outside pass writes them
 } faces[] = {
-    {walls,  {"base front", {{7, 25}, {1, 1}}, {3, 7, 4, 0}}      },
-    {walls,  {"base left", {{9, 33}, {3, 9}}, {0, 4, 5, 1}}       },
-    {walls,  {"base back", {{8, 29}, {2, 5}}, {1, 5, 6, 2}}       },
-    {walls,  {"base right", {{10, 37}, {4, 13}}, {2, 6, 7, 3}}    },
-    {gables, {"roof front", {{15, 55}, {13, 49}}, {7, 8, 4, none}}},
-    {slopes, {"roof left", {{11, 41}, {5, 17}}, {8, 9, 5, 4}}     },
-    {gables, {"roof back", {{16, 58}, {14, 52}}, {5, 9, 6, none}} },
-    {slopes, {"roof right", {{12, 45}, {6, 21}}, {7, 6, 9, 8}}    },
+    {walls,  {"base front", {{7, 25}, {1, 1}}, {3, 7, 4, 0}}          },
+    {walls,  {"base left", {{9, 33}, {3, 9}}, {0, 4, 5, 1}}           },
+    {walls,  {"base back", {{8, 29}, {2, 5}}, {1, 5, 6, 2}}           },
+    {walls,  {"base right", {{10, 37}, {4, 13}}, {2, 6, 7, 3}}        },
+    {gables, {"roof front", {{15, 55}, {13, 49}}, {7, 8, 4, no_point}}},
+    {slopes, {"roof left", {{11, 41}, {5, 17}}, {8, 9, 5, 4}}         },
+    {gables, {"roof back", {{16, 58}, {14, 52}}, {5, 9, 6, no_point}} },
+    {slopes, {"roof right", {{12, 45}, {6, 21}}, {7, 6, 9, 8}}        },
 };
 
 } // namespace

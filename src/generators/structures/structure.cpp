@@ -185,13 +185,13 @@ void write_straight_wall(Side side, const Wall &wall, int ea)
     triangle(eb, wall.hb(), wall.lb(), bit1 + 1);
 }
 
-// The first extra point of each wall, none for a wall without straight sides.
+// The first extra point of each wall, no_point for a wall without straight sides.
 using ExtraPoints = std::array<int, wall_count>;
 
 void write_walls(Side side, const ExtraPoints &extra_points)
 {
     for (std::size_t i = 0; i < extra_points.size(); ++i)
-        if (extra_points[i] == none)
+        if (extra_points[i] == no_point)
             write_face(side, walls[i].face);
         else
             write_straight_wall(side, walls[i], extra_points[i]);
@@ -249,8 +249,8 @@ void save_structure()
     ExtraPoints extra_points;
     int last_point = corner_count - 1;
     for (std::size_t i = 0; i < extra_points.size(); ++i) {
-        extra_points[i] = is_straight(walls[i]) ? last_point + 1 : none;
-        if (extra_points[i] != none) {
+        extra_points[i] = is_straight(walls[i]) ? last_point + 1 : no_point;
+        if (extra_points[i] != no_point) {
             record_extra_points(walls[i], solid);
             last_point += 2;
         }
