@@ -47,15 +47,18 @@ class FileSystem {
     /// Errors: input_output.
     virtual void remove(const std::string &path) = 0;
 
+    /// Errors: input_output, when the system can't tell.
     virtual bool exists(const std::string &path) = 0;
 
-    /// Whether both paths exist and name one file.
+    /// Whether both paths exist and name one file. Errors: as of exists.
     virtual bool same_file(const std::string &a, const std::string &b) = 0;
 
-    /// The names in a folder, in no order; none when it can't be read.
+    /// The names in a folder, in no order; none when there is no such folder or nobody may read it.
+    /// Errors: input_output.
     virtual std::vector<std::string> names_in(const std::string &folder) = 0;
 
-    /// The folder of the executable, without a separator at its end; empty when it is not known.
+    /// The folder of the executable, without a separator at its end; "." when the system has no answer.
+    /// Errors: input_output.
     virtual std::string executable_folder() = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -15,7 +16,9 @@
 #include <unistd.h>
 
 #ifdef _WIN32
-#include <windows.h>
+#include "host/windows_text.h"
+
+#include <io.h>
 #endif
 
 namespace marlogl {
@@ -24,33 +27,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// That there is no such file is an answer; that nobody could tell is none.
+void check_look(const std::error_code &failed, const std::string &path)
+{
+    if (!failed || failed == std::errc::no_such_file_or_directory || failed == std::errc::not_a_directory)
+        return;
+    throw RunError(Fault::input_output, "cannot look for " + quoted_path(path) + ": " + failed.message());
+}
+
 #ifdef _WIN32
 
-constexpr const char *null_device = "NUL";
+using Count = unsigned int; // of read and write
 
-// Design files name their files in UTF-8 or, in older ones, in the system's code page.
 fs::path native(const std::string &path)
 {
-    for (const UINT code_page : {UINT{CP_UTF8}, UINT{CP_ACP}}) {
-        const DWORD flags = code_page == CP_UTF8 ? MB_ERR_INVALID_CHARS : 0;
-        const int size = static_cast<int>(path.size());
-        const int length = MultiByteToWideChar(code_page, flags, path.data(), size, nullptr, 0);
-        std::wstring wide(static_cast<std::size_t>(length), L'\0');
-        if (MultiByteToWideChar(code_page, flags, path.data(), size, wide.data(), length) > 0)
-            return wide;
-    }
-    return path;
+    return wide(path);
 }
 
 std::string spelled(const fs::path &path)
 {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
-int open_descriptor(const std::string &path, int flags)
-{
-    return _wopen(native(path).c_str(), flags | O_BINARY, _S_IREAD | _S_IWRITE);
+    return utf8(path.native());
 }
 
 fs::path executable_path()
@@ -60,11 +56,37 @@ fs::path executable_path()
     return path;
 }
 
-using Count = unsigned int;
+int open_descriptor(const std::string &path, int flags)
+{
+    return _wopen(native(path).c_str(), flags | O_BINARY | O_NOINHERIT, _S_IREAD | _S_IWRITE);
+}
+
+int delete_file(const std::string &path)
+{
+    return _wunlink(native(path).c_str());
+}
+
+void cut(int descriptor, std::int64_t size)
+{
+    _chsize_s(descriptor, size);
+}
+
+void open_null_device()
+{
+    _wopen(L"NUL", O_RDWR | O_BINARY);
+}
+
+void prepare_signals() {}
+
+// Messages are the same bytes everywhere, too.
+void prepare_descriptor(int descriptor)
+{
+    _setmode(descriptor, O_BINARY);
+}
 
 #else
 
-constexpr const char *null_device = "/dev/null";
+using Count = std::size_t;
 
 fs::path native(const std::string &path)
 {
@@ -76,18 +98,42 @@ std::string spelled(const fs::path &path)
     return path.native();
 }
 
+fs::path executable_path()
+{
+    const char *link = "/proc/self/exe";
+    std::error_code failed;
+    fs::path path = fs::read_symlink(link, failed);
+    check_look(failed, link);
+    return path;
+}
+
 int open_descriptor(const std::string &path, int flags)
 {
     return ::open(path.c_str(), flags | O_CLOEXEC, 0666);
 }
 
-fs::path executable_path()
+int delete_file(const std::string &path)
 {
-    std::error_code failed;
-    return fs::read_symlink("/proc/self/exe", failed);
+    return ::unlink(path.c_str());
 }
 
-using Count = std::size_t;
+void cut(int descriptor, std::int64_t size)
+{
+    [[maybe_unused]] const int status = ::ftruncate(descriptor, static_cast<off_t>(size));
+}
+
+void open_null_device()
+{
+    [[maybe_unused]] const int descriptor = ::open("/dev/null", O_RDWR);
+}
+
+void prepare_signals()
+{
+    for (const int signal : {SIGXFSZ, SIGPIPE})
+        std::signal(signal, SIG_IGN);
+}
+
+void prepare_descriptor(int) {}
 
 #endif
 
@@ -172,12 +218,11 @@ class SystemOutputFile : public OutputFile {
             const std::size_t last_end = text.substr(0, written).rfind('\n');
             const std::size_t whole_lines = last_end == text.npos ? 0 : last_end + 1;
             // A device or a pipe can't be cut; what it took stays.
-            [[maybe_unused]] const int cut =
-                ::ftruncate(file_.number, size_ + static_cast<off_t>(whole_lines));
+            cut(file_.number, size_ + static_cast<std::int64_t>(whole_lines));
             errno = cause;
             fail("write", file_.path);
         }
-        size_ += static_cast<off_t>(written);
+        size_ += static_cast<std::int64_t>(written);
     }
 
     void close() override
@@ -189,7 +234,7 @@ class SystemOutputFile : public OutputFile {
 
   private:
     Descriptor file_;
-    off_t size_ = 0;
+    std::int64_t size_ = 0;
 };
 
 class SystemFiles : public FileSystem {
@@ -214,23 +259,24 @@ class SystemFiles : public FileSystem {
 
     void remove(const std::string &path) override
     {
-        std::error_code failed;
-        if (!fs::remove(native(path), failed)) {
-            errno = failed ? failed.value() : ENOENT;
+        if (delete_file(path) != 0)
             fail("delete", path);
-        }
     }
 
     bool exists(const std::string &path) override
     {
         std::error_code failed;
-        return fs::exists(native(path), failed);
+        const bool found = fs::exists(native(path), failed);
+        check_look(failed, path);
+        return found;
     }
 
     bool same_file(const std::string &a, const std::string &b) override
     {
         std::error_code failed;
-        return fs::equivalent(native(a), native(b), failed);
+        const bool same = fs::equivalent(native(a), native(b), failed);
+        check_look(failed, a);
+        return same;
     }
 
     std::vector<std::string> names_in(const std::string &folder) override
@@ -240,6 +286,8 @@ class SystemFiles : public FileSystem {
         for (fs::directory_iterator entry(native(folder), failed), end; !failed && entry != end;
              entry.increment(failed))
             names.push_back(spelled(entry->path().filename()));
+        if (failed != std::errc::permission_denied)
+            check_look(failed, folder);
         return names;
     }
 
@@ -267,15 +315,12 @@ void use_file_system(FileSystem *files)
 
 void prepare_process()
 {
-#ifdef SIGXFSZ
-    std::signal(SIGXFSZ, SIG_IGN);
-#endif
+    prepare_signals();
     for (int descriptor = 0; descriptor <= 2; ++descriptor) {
         struct stat status;
         if (::fstat(descriptor, &status) != 0 && errno == EBADF)
-            // The lowest free number is this one: those below it are open by now.
-            [[maybe_unused]]
-            const int opened = ::open(null_device, O_RDWR);
+            open_null_device(); // as this descriptor, the lowest that is free: those below it are open by now
+        prepare_descriptor(descriptor);
     }
 }
 

@@ -29,32 +29,43 @@ bool is_separator(char c)
     return c == '/' || c == separator;
 }
 
-// The existing path that `found` (which exists, or is empty) and the spelled `rest` lead to, else an empty
-// text.
-std::string search(const std::string &found, std::string_view rest)
+// The names in `folder` that `name` may mean: itself, then those that differ in case only, in byte order.
+std::vector<std::string> spellings(const std::string &folder, std::string_view name)
 {
-    std::size_t start = 0;
-    while (start < rest.size() && is_separator(rest[start]))
-        ++start;
-    std::size_t end = start;
-    while (end < rest.size() && !is_separator(rest[end]))
-        ++end;
-    const std::string parent = found + std::string(rest.substr(0, start));
-    const std::string_view name = rest.substr(start, end - start);
-    if (name.empty())
-        return found;
-
-    std::vector<std::string> candidates;
-    for (std::string &entry : file_system().names_in(parent.empty() ? "." : parent))
+    std::vector<std::string> names;
+    for (std::string &entry : file_system().names_in(folder.empty() ? "." : folder))
         if (entry != name && same_letters(entry, name))
-            candidates.push_back(std::move(entry));
-    std::sort(candidates.begin(), candidates.end());
-    candidates.insert(candidates.begin(), std::string(name));
+            names.push_back(std::move(entry));
+    std::sort(names.begin(), names.end());
+    names.insert(names.begin(), std::string(name));
+    return names;
+}
 
-    for (const std::string &candidate : candidates)
-        if (file_system().exists(parent + candidate))
-            if (std::string path = search(parent + candidate, rest.substr(end)); !path.empty())
-                return path;
+// The first existing path that the spelled path `rest` leads to, else an empty text.
+std::string search(std::string_view rest)
+{
+    std::vector<std::string> found{""};
+    while (!found.empty()) {
+        const auto name = std::find_if_not(rest.begin(), rest.end(), is_separator);
+        const auto end = std::find_if(name, rest.end(), is_separator);
+        if (name == end)
+            return found.front();
+        std::vector<std::string> longer;
+        // Of two ways to one place the first is enough: with folders "a" and "A" the ways of "a/../a/.."
+        // would double at each step.
+        const auto add = [&](const std::string &path) {
+            const auto same = [&](const std::string &other) { return file_system().same_file(other, path); };
+            if (file_system().exists(path) && std::none_of(longer.begin(), longer.end(), same))
+                longer.push_back(path);
+        };
+        for (std::string &folder : found) {
+            folder.append(rest.begin(), name);
+            for (const std::string &spelling : spellings(folder, {name, end}))
+                add(folder + spelling);
+        }
+        found = std::move(longer);
+        rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
+    }
     return {};
 }
 
@@ -71,7 +82,7 @@ std::string find_file(const std::string &path)
 {
     if (path.empty() || file_system().exists(path))
         return path;
-    std::string found = search("", path);
+    std::string found = search(path);
     return found.empty() ? path : found;
 }
 

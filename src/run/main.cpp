@@ -1,7 +1,8 @@
 // The program MarlOgl.
+#include "host/entry.h"
 #include "run/run.h"
 
-int main(int argument_count, char **arguments)
+int marlogl::start(int argument_count, const char *const *arguments)
 {
-    return marlogl::run_program(argument_count, arguments);
+    return run_program(argument_count, arguments);
 }
