@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -29,12 +30,30 @@ inline double round_half_even(double x)
     return x < 0 ? x - no_fraction + no_fraction : x + no_fraction - no_fraction;
 }
 
+/// Raises the error of whole_16.
+[[noreturn]] void outside_16(double x, std::string_view what);
+
 /// `x` as a 16-bit whole number, halves rounded to the even one; `what` names it in a message.
 /// Errors: overflow outside -32768 to 32767.
-std::int16_t whole_16(double x, std::string_view what);
+inline std::int16_t whole_16(double x, std::string_view what)
+{
+    const double rounded = round_half_even(x);
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&
+          rounded <= std::numeric_limits<std::int16_t>::max())) [[unlikely]]
+        outside_16(x, what);
+    return static_cast<std::int16_t>(rounded);
+}
+
+/// Raises the error of finite.
+[[noreturn]] void not_finite();
 
 /// Errors: overflow when `x` is not finite. Returns `x`.
-double finite(double x);
+inline double finite(double x)
+{
+    if (!std::isfinite(x)) [[unlikely]]
+        not_finite();
+    return x;
+}
 
 /// `dividend` / `divisor`; `what` names the divisor in a message.
 /// Errors: division when the divisor is 0.

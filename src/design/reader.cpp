@@ -201,8 +201,9 @@ void store_point(Reading &reading, Line line)
         ++object_param(point_count_cell, object);
     if (type == rules.copied_count_type)
         object_param(59, object) = object_param(point_count_cell, object);
-    point_x(point, object) = coordinate(columns(line, 5, 8), rules.shifts(type));
-    point_y(point, object) = coordinate(columns(line, 9, 12), rules.shifts(type));
+    const bool shifted = rules.shifts(type);
+    point_x(point, object) = coordinate(columns(line, 5, 8), shifted);
+    point_y(point, object) = coordinate(columns(line, 9, 12), shifted);
     point_code(point, object) = columns(line, 13, 14);
     point_attr(point, object) = columns(line, 15, 18);
 }
@@ -215,8 +216,14 @@ constexpr auto store_name = store_object_text<object_name>;
 constexpr auto store_x = store_object_text<object_x>;
 constexpr auto store_y = store_object_text<object_y>;
 
-// The first row whose key begins the line decides; a line without one is skipped.
+// The first row whose key begins the line decides; a line without one is skipped. The records that a design
+// file has most of come first.
 constexpr Record version1[] = {
+    {"Q",    store_point      },
+    {"P",    store_parameter  },
+    {"K",    store_code       },
+    {"F",    store_text       },
+    {"\\",   store_colour     },
     {"MAXI", ignore           },
     {"V",    store_version    },
     {"T",    ignore           },
@@ -230,17 +237,17 @@ constexpr Record version1[] = {
     {"E",    store_cell_35    },
     {":",    ignore           },
     {"W",    store_scene_1    },
-    {"P",    store_parameter  },
     {"]1",   store_cell_40    },
     {"]2",   store_cell_41    },
-    {"F",    store_text       },
-    {"K",    store_code       },
-    {"\\",   store_colour     },
     {"?",    store_colour_flag},
-    {"Q",    store_point      },
 };
 
 constexpr Record version2[] = {
+    {"Q",    store_point      },
+    {"P",    store_parameter  },
+    {"K",    store_code       },
+    {"F",    store_text       },
+    {"\\",   store_colour     },
     {"MAXI", ignore           },
     {"V",    read_number      },
     {"T",    ignore           },
@@ -255,20 +262,18 @@ constexpr Record version2[] = {
     {"E",    store_extents    },
     {":",    ignore           },
     {"W",    store_scene_2    },
-    {"P",    store_parameter  },
     {"]1",   store_cell_40    },
     {"]2",   store_cell_41    },
-    {"F",    store_text       },
-    {"K",    store_code       },
-    {"\\",   store_colour     },
     {"?",    store_colour_flag},
-    {"Q",    store_point      },
 };
 
 const Record *find_record(std::span<const Record> records, Line line)
 {
+    if (line.empty())
+        return nullptr;
     for (const Record &record : records)
-        if (line.starts_with(record.key))
+        // The first character alone sorts out nearly all rows.
+        if (record.key[0] == line[0] && line.starts_with(record.key))
             return &record;
     return nullptr;
 }

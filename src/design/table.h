@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <type_traits>
 
 namespace marlogl {
@@ -47,7 +49,11 @@ template <typename T, Range Rows, Range Columns = single> class Table {
     }
 
     /// Whether `row` lies within the bounds.
-    static bool has(double row) { return within(round_half_even(row), Rows); }
+    static bool has(double row)
+    {
+        const double number = round_half_even(row);
+        return number >= Rows.first && number <= Rows.last;
+    }
 
     /// Puts the entries of the columns up to `last` back to what they held at first.
     void clear(int last = Columns.last)
@@ -56,24 +62,22 @@ template <typename T, Range Rows, Range Columns = single> class Table {
     }
 
   private:
-    template <typename Number> static bool within(Number number, Range range)
-    {
-        return number >= range.first && number <= range.last;
-    }
-
     template <typename Index> static std::size_t offset(Index index, Range range, const char *name)
     {
+        std::uint64_t number = 0; // from range.first on; one below it becomes a very large one
         if constexpr (std::is_floating_point_v<Index>) {
-            const double number = round_half_even(index);
-            // The test comes before the conversion, which is undefined for large numbers.
-            if (!within(number, range))
-                outside(index, range, name);
-            return static_cast<std::size_t>(static_cast<int>(number) - range.first);
+            // Around here doubles are the whole numbers, and their bits count on with them: the sum is
+            // rounded, halves to even. The bits of a sum that left this region, of NaN too, are far from its
+            // own.
+            constexpr double whole_numbers = 1.5 * (std::int64_t{1} << 52);
+            number = std::bit_cast<std::uint64_t>(index + whole_numbers) -
+                     std::bit_cast<std::uint64_t>(whole_numbers + range.first);
         } else {
-            if (!within(index, range))
-                outside(index, range, name);
-            return static_cast<std::size_t>(index - range.first);
+            number = static_cast<std::uint64_t>(std::int64_t{index} - range.first);
         }
+        if (number >= static_cast<std::uint64_t>(range.size())) [[unlikely]]
+            outside(index, range, name);
+        return number;
     }
 
     [[noreturn]] static void outside(double index, Range range, const char *name)

@@ -32,8 +32,8 @@ template <std::size_t Width> class Text {
     constexpr Text(const std::convertible_to<std::string_view> auto &content)
     {
         const std::string_view text = content;
-        const auto end = std::copy_n(text.begin(), std::min(text.size(), Width), characters_.begin());
-        std::fill(end, characters_.end(), ' ');
+        for (std::size_t i = 0; i < Width; ++i)
+            characters_[i] = i < text.size() ? text[i] : ' ';
     }
 
     constexpr std::string_view view() const { return {characters_.data(), Width}; }
