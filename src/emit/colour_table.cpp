@@ -6,11 +6,16 @@
 
 namespace marlogl {
 
+std::string colour_table_path()
+{
+    return program_file("\\appl\\colors.tab");
+}
+
 ColourTable load_colour_table()
 {
     constexpr std::size_t last_position = 29;
     ColourTable table{"colour table entry"};
-    LineReader file(program_file("\\appl\\colors.tab"));
+    LineReader file(colour_table_path());
     for (int entry = 1; entry <= 60 && (entry == 1 || !file.at_end()); ++entry) {
         const std::string_view line = file.read_line(last_position);
         std::string components;

@@ -4,6 +4,8 @@
 #include "design/table.h"
 #include "design/text.h"
 
+#include <string>
+
 namespace marlogl {
 
 /// One colour: red, green and blue as texts of three characters each, as the file has them.
@@ -17,6 +19,8 @@ struct ColourEntry {
 
 /// Entries 1 to 60; those that no line of the file filled are blank.
 using ColourTable = Table<ColourEntry, Range{1, 60}>;
+
+std::string colour_table_path();
 
 /// Reads the colour table file. Errors: missing_file, past_end for an empty file, input_output.
 ColourTable load_colour_table();

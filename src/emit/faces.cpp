@@ -16,12 +16,21 @@ void side_colour_line()
         write_line("glColor3ub(", colour_outside, " ); ");
 }
 
+// The texture of face slot `t`; empty when the face is not textured.
+std::string_view face_texture(double t)
+{
+    // The text comes first: its table has fewer slots, and bounds the face slots.
+    const std::string_view name = object_text(t, current_object);
+    return object_code(t, current_object)(1) == 'Y' ? trimmed(name) : std::string_view();
+}
+
 // Writes the lines that open the block of a textured face; false when the face is not textured.
 bool begin_face(double t)
 {
-    if (!is_textured(t))
+    const std::string_view texture = face_texture(t);
+    if (texture.empty())
         return false;
-    bitmap_string(object_text(t, current_object), t, object_code(t, current_object));
+    bitmap_string(texture, t, object_code(t, current_object));
     return true;
 }
 
@@ -50,9 +59,7 @@ void position_line(double slot)
 
 bool is_textured(double t)
 {
-    // The text comes first: its table has fewer slots, and bounds the face slots.
-    const std::string_view name = object_text(t, current_object);
-    return object_code(t, current_object)(1) == 'Y' && !trimmed(name).empty();
+    return !face_texture(t).empty();
 }
 
 void write3(std::string_view xide1, std::string_view, std::string_view, double t, double bit1, double p1,

@@ -97,6 +97,21 @@ char *put_again(char *at, double value, int decimals)
     return put_rounded(at, numeric_value({text, static_cast<std::size_t>(end - text)}), decimals);
 }
 
+char *put_beyond_texture(char *at, double pixel)
+{
+    if (const double size = std::abs(pixel); size < 1e5) {
+        const auto millionths = static_cast<unsigned>(texture_millionths(static_cast<std::uint64_t>(size)));
+        *at = '-';
+        at = put_whole(at + (pixel < 0), millionths / 1000000);
+        *at = '.';
+        at = put_three(put_three(at + 1, millionths / 1000), millionths);
+    } else {
+        at = put_rounded(at, fnround(pixel / 255, 6), 6);
+    }
+    *at = 'f';
+    return at + 1;
+}
+
 char *put(char *at, GeneralText text)
 {
     const double value = finite(text.value) + 0.0; // no sign for zero

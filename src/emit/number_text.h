@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -133,34 +134,64 @@ double fnround(double x, int decimals);
 
 namespace output {
 
-/// No number text is longer: 309 digits before the point, or 326 characters in the general format.
+/// The room that put needs for a number text, which may write beyond the end of the text. No text is longer:
+/// 309 digits before the point, or 326 characters in the general format.
 inline constexpr std::size_t most_of_number = 340;
 
-// The texts of 0 to 999: three digits, zeros in front, then how many of them count. The four bytes behind the
-// last text let four bytes be copied from any digit.
-inline constexpr auto thousand = [] {
-    std::array<char, 4 * 1000 + 4> texts{};
+// The digits of 0 to 999: all three, zeros in front.
+inline constexpr auto three_digits = [] {
+    std::array<char[4], 1000> texts{};
     for (std::size_t i = 0; i < 1000; ++i) {
-        texts[4 * i] = static_cast<char>('0' + i / 100);
-        texts[4 * i + 1] = static_cast<char>('0' + i / 10 % 10);
-        texts[4 * i + 2] = static_cast<char>('0' + i % 10);
-        texts[4 * i + 3] = i < 10 ? 1 : i < 100 ? 2 : 3;
+        texts[i][0] = static_cast<char>('0' + i / 100);
+        texts[i][1] = static_cast<char>('0' + i / 10 % 10);
+        texts[i][2] = static_cast<char>('0' + i % 10);
     }
     return texts;
 }();
 
-// The texture coordinates of the pixel positions 0 to 255, to the nearest millionth; 255 being odd, none is a
-// tie.
+// The digits of 0 to 999 without zeros in front; the last character is how many there are.
+inline constexpr auto short_digits = [] {
+    std::array<char[4], 1000> texts{};
+    for (std::size_t i = 0; i < 1000; ++i) {
+        const int count = i < 10 ? 1 : i < 100 ? 2 : 3;
+        for (int digit = 0; digit < count; ++digit)
+            texts[i][digit] = three_digits[i][3 - count + digit];
+        texts[i][3] = static_cast<char>(count);
+    }
+    return texts;
+}();
+
+// "0.00" to "1.00".
+inline constexpr auto hundredths = [] {
+    std::array<char[4], 101> texts{};
+    for (std::size_t i = 0; i <= 100; ++i) {
+        texts[i][0] = three_digits[i][0];
+        texts[i][1] = '.';
+        texts[i][2] = three_digits[i][1];
+        texts[i][3] = three_digits[i][2];
+    }
+    return texts;
+}();
+
+/// The texture coordinate of a whole pixel position in millionths, rounded; 255 being odd, none is a tie.
+constexpr std::uint64_t texture_millionths(std::uint64_t pixel)
+{
+    return (2 * 1000000 * pixel + 255) / (2 * 255);
+}
+
+// The texture coordinates of the pixel positions 0 to 255.
 constexpr std::size_t texture_width = 9;
 inline constexpr auto texture_texts = [] {
-    std::array<char, 256 * texture_width> texts{};
+    std::array<char[texture_width], 256> texts{};
     for (std::size_t pixel = 0; pixel < 256; ++pixel) {
-        std::size_t millionths = (2 * 1000000 * pixel + 255) / (2 * 255);
-        char *text = texts.data() + pixel * texture_width;
-        for (std::size_t digit = 7; digit >= 2; --digit, millionths /= 10)
-            text[digit] = static_cast<char>('0' + millionths % 10);
-        text[0] = static_cast<char>('0' + millionths);
+        const std::uint64_t number = texture_millionths(pixel);
+        char *text = texts[pixel];
+        text[0] = static_cast<char>('0' + number / 1000000);
         text[1] = '.';
+        for (int digit = 0; digit < 3; ++digit) {
+            text[2 + digit] = three_digits[number / 1000 % 1000][digit];
+            text[5 + digit] = three_digits[number % 1000][digit];
+        }
         text[8] = 'f';
     }
     return texts;
@@ -171,30 +202,38 @@ char *put_rounded(char *at, double value, int decimals);
 /// Writes the text of AgainPattern<decimals> by way of both texts. Errors: overflow.
 char *put_again(char *at, double value, int decimals);
 
+/// Writes the texture coordinate of a whole pixel position outside 0 to 255. Errors: overflow.
+char *put_beyond_texture(char *at, double pixel);
+
 char *put(char *at, GeneralText text);
 char *put(char *at, SpacedText text);
 char *put(char *at, HexText text);
 
+/// Writes the last three digits of a number.
+inline char *put_three(char *at, unsigned number)
+{
+    std::memcpy(at, three_digits[number % 1000], 4);
+    return at + 3;
+}
+
 /// Writes a whole number from 0 to 999999999.
 inline char *put_whole(char *at, unsigned number)
 {
-    if (number >= 1000) {
-        at = put_whole(at, number / 1000);
-        std::memcpy(at, thousand.data() + 4 * (number % 1000), 4);
-        return at + 3;
-    }
-    const char *text = thousand.data() + 4 * number;
-    std::memcpy(at, text + 3 - text[3], 4);
-    return at + text[3];
+    if (number >= 1000)
+        return put_three(put_whole(at, number / 1000), number);
+    const char *text = short_digits[number];
+    const char count = text[3];
+    std::memcpy(at, text, 4);
+    return at + count;
 }
 
 inline char *put(char *at, Pattern<0> text)
 {
-    if (const double size = std::abs(text.value); size < 1e9) [[likely]] {
-        const auto number = static_cast<unsigned>(size);
-        if (number == size) [[likely]] {
+    if (std::abs(text.value) < 1e9) [[likely]] {
+        const int number = static_cast<int>(text.value);
+        if (number == text.value) [[likely]] {
             *at = '-';
-            return put_whole(at + (text.value < 0), number);
+            return put_whole(at + (number < 0), static_cast<unsigned>(std::abs(number)));
         }
     }
     return put_rounded(at, text.value, 0);
@@ -218,16 +257,14 @@ template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
     // Two roundings in a row: the hundredth is reached once the millionths round up to its half, which is at
     // half a millionth before that. Only very near to that place the digits themselves have to decide.
     if constexpr (Decimals == 2) {
-        const double hundredths = std::abs(text.value) * 100 + 0.50005;
-        if (hundredths < 1000) [[likely]] {
-            const auto number = static_cast<unsigned>(hundredths);
-            const double beyond = hundredths - number;
+        const double size = std::abs(text.value) * 100 + 0.50005;
+        if (size < static_cast<double>(hundredths.size())) [[likely]] {
+            const int number = static_cast<int>(size);
+            const double beyond = size - number;
             if (beyond > 1e-9 && beyond < 1 - 1e-9) [[likely]] {
                 *at = '-';
                 at += text.value < 0 && number > 0;
-                at[0] = static_cast<char>('0' + number / 100);
-                at[1] = '.';
-                std::memcpy(at + 2, thousand.data() + 4 * (number % 100) + 1, 2);
+                std::memcpy(at, hundredths[static_cast<unsigned>(number)], 4);
                 return at + 4;
             }
         }
@@ -238,13 +275,10 @@ template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
 inline char *put(char *at, TextureText text)
 {
     if (text.pixel >= 0 && text.pixel <= 255) [[likely]] {
-        std::memcpy(at, texture_texts.data() + static_cast<std::size_t>(text.pixel) * texture_width,
-                    texture_width);
+        std::memcpy(at, texture_texts[static_cast<std::size_t>(text.pixel)], texture_width);
         return at + texture_width;
     }
-    at = put_rounded(at, fnround(text.pixel / 255, 6), 6);
-    *at = 'f';
-    return at + 1;
+    return put_beyond_texture(at, text.pixel);
 }
 
 template <typename NumberText>

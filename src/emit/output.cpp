@@ -62,7 +62,7 @@ void abandon_output() noexcept
     try {
         if (output::file)
             close_output();
-    } catch (const RunError &) {
+    } catch (...) {
         // The run has failed already, and its message tells the first cause.
     }
     output::file.reset();

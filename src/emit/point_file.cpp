@@ -11,27 +11,36 @@ namespace marlogl::point_file {
 
 namespace {
 
-constexpr std::string_view name = "\\tempofil.%%%";
 constexpr std::string_view line_end = "\r\n";
 
 std::unique_ptr<OutputFile> file; // created and still empty; none before the first n-gon of a run
 std::string lines;
 bool present = false; // whether a program that looked would find the file
 
+// Takes the first field off a line; empty when there is none.
 std::string_view take_field(std::string_view &line)
 {
-    line = trimmed(line);
-    const std::string_view field = line.substr(0, line.find(' '));
-    line.remove_prefix(field.size());
-    return field;
+    const char *start = line.data(), *const end = start + line.size();
+    while (start != end && *start == ' ')
+        ++start;
+    const char *stop = start;
+    while (stop != end && *stop != ' ')
+        ++stop;
+    line = {stop, end};
+    return {start, stop};
 }
 
 } // namespace
 
+std::string path()
+{
+    return program_file("\\tempofil.%%%");
+}
+
 void open()
 {
     if (!file)
-        file = file_system().create(program_file(name));
+        file = file_system().create(path());
     lines.clear();
     present = true;
 }
@@ -70,14 +79,14 @@ void settle()
     settling->close();
     lines.clear();
     if (!std::exchange(present, false))
-        file_system().remove(program_file(name));
+        file_system().remove(path());
 }
 
 void abandon() noexcept
 {
     try {
         settle();
-    } catch (const RunError &) {
+    } catch (...) {
         // The run has failed already, and its message tells the first cause.
     }
     lines.clear();

@@ -16,6 +16,9 @@ using Corners = Table<Corner, Range{1, 20}>;
 
 namespace point_file {
 
+/// Where the file lies.
+std::string path();
+
 /// Empties the file, which the first call of a run creates. Errors: missing_file, input_output.
 void open();
 

@@ -17,10 +17,15 @@ char upper(char c)
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+// Whether both name one texture, whatever blanks are around it.
 bool same_name(std::string_view a, std::string_view b)
 {
-    return a == b || std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                                [](char x, char y) { return upper(x) == upper(y); });
+    if (a == b)
+        return true;
+    a = trimmed(a);
+    b = trimmed(b);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return upper(x) == upper(y); });
 }
 
 } // namespace
@@ -38,14 +43,13 @@ void forget_texture_code()
 
 int bitmap_string(std::string_view textura, double, std::string_view)
 {
-    const std::string_view name = trimmed(textura);
     const Text<2> code = override_texture_code == "00" ? "86" : override_texture_code;
-    if (!same_name(trimmed(remembered_name), name) || remembered_code != code) {
+    if (remembered_code != code || !same_name(remembered_name, textura)) {
         remembered_name = textura;
         remembered_code = code;
         texture_active = false;
     }
-    write_line("BindTexture( \"", name, ".bmp\" );");
+    write_line("BindTexture( \"", trimmed(textura), ".bmp\" );");
     write_line("glEnable( GL_TEXTURE_2D );");
     return 0;
 }

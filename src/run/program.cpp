@@ -3,6 +3,7 @@
 #include "run/run.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <string>
@@ -27,6 +28,8 @@ constexpr std::string_view help =
     "Exit status: 0 done, 1 the conversion failed, 2 wrong usage.\n";
 constexpr std::string_view version = "MarlOgl " MARLOGL_VERSION "\n";
 
+constexpr std::string_view no_memory = "there is not enough memory";
+
 enum Descriptor { standard_output = 1, standard_error = 2 };
 
 // Prints the one line of a failed run. It takes no memory: that may be what is missing.
@@ -47,10 +50,16 @@ int convert()
         Form_Load();
         return 0;
     } catch (const std::bad_alloc &) {
-        return fail("there is not enough memory");
+        return fail(no_memory);
     } catch (const std::exception &error) {
         return fail(error.what());
     }
+}
+
+// Without memory for an exception, throwing one ends here.
+[[noreturn]] void end_without_memory()
+{
+    std::_Exit(fail(no_memory));
 }
 
 int answer(std::string_view text)
@@ -63,6 +72,7 @@ int answer(std::string_view text)
 int run_program(int argument_count, const char *const *arguments)
 {
     prepare_process();
+    std::set_terminate(end_without_memory);
     if (argument_count <= 1)
         return convert();
     const std::string_view argument = arguments[1];

@@ -3,6 +3,7 @@
 #include "design/reader.h"
 #include "design/scene.h"
 #include "dispatch/dispatch.h"
+#include "emit/colour_table.h"
 #include "emit/output.h"
 #include "emit/point_file.h"
 #include "emit/textures.h"
@@ -10,6 +11,8 @@
 #include "host/file_system.h"
 #include "host/lines.h"
 #include "host/paths.h"
+
+#include <utility>
 
 #include <cmath>
 
@@ -30,10 +33,14 @@ std::string colour_components(std::string_view line)
         .append(last);
 }
 
+std::string configuration_path()
+{
+    return program_file("\\MarlOgl.dat");
+}
+
 void read_configuration()
 {
-    const std::string path = program_file("\\MarlOgl.dat");
-    LineReader file(path);
+    LineReader file(configuration_path());
     int number = 0;
     const auto next_line = [&] {
         ++number;
@@ -71,13 +78,27 @@ void make_output_path()
     output_path.replace(output_path.size() - ending, ending, "ogl");
 }
 
+// Opening empties a file that is written, and a link may lead from it to another file of the run.
+void refuse_link(const std::string &written, const std::string &path, const std::string &other,
+                 const std::string &other_path)
+{
+    if (file_system().same_file(path, other_path))
+        throw RunError(Fault::input_output,
+                       "the " + written + ' ' + quoted_path(path) + " is the " + other + " itself");
+}
+
 void create_output(int version)
 {
-    const std::string path = native_path(output_path);
-    // Opening empties the output file, and a link may lead from it to the design file.
-    if (version != 0 && file_system().same_file(path, find_file(native_path(input_path))))
-        throw RunError(Fault::input_output,
-                       "the output file " + quoted_path(path) + " is the design file itself");
+    const std::string path = native_path(output_path), points = point_file::path();
+    for (const auto &[name, written] : {
+             std::pair("output file", path), {"temporary point file", points}
+    }) {
+        if (version != 0 && file_system().exists(written))
+            refuse_link(name, written, "design file", find_file(native_path(input_path)));
+        refuse_link(name, written, "run configuration", configuration_path());
+        refuse_link(name, written, "colour table", colour_table_path());
+    }
+    refuse_link("temporary point file", points, "output file", path);
     open_output(path);
 }
 
