@@ -1,0 +1,80 @@
+# What is installed, and the packages that CPack makes of it: two .deb on Linux (MarlOgl and its viewer), a .zip on
+# Windows.
+include(GNUInstallDirs)
+if(WIN32)
+    set(programs .)
+    set(documents .)
+else()
+    set(programs ${CMAKE_INSTALL_BINDIR})
+    set(documents ${CMAKE_INSTALL_DATAROOTDIR}/doc/marlogl)
+endif()
+
+install(TARGETS MarlOgl RUNTIME DESTINATION ${programs} COMPONENT converter)
+install(FILES README.md DESTINATION ${documents} COMPONENT converter)
+install(DIRECTORY docs DESTINATION ${documents} COMPONENT converter)
+# The conversions that somebody made of the examples stay where they are.
+install(DIRECTORY examples DESTINATION ${documents} COMPONENT converter
+    PATTERN *.ogl EXCLUDE PATTERN *.png EXCLUDE PATTERN tempofil.* EXCLUDE PATTERN *.py EXCLUDE)
+
+# Man pages, copyright and changelog, as Debian wants them.
+function(install_debian_files package component manual)
+    foreach(text IN ITEMS ${manual} changelog)
+        add_custom_command(OUTPUT packaging/${text}.gz
+            COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/${text} > packaging/${text}.gz
+            DEPENDS ${PROJECT_SOURCE_DIR}/packaging/${text} VERBATIM)
+    endforeach()
+    add_custom_target(${package}_texts ALL DEPENDS packaging/${manual}.gz packaging/changelog.gz)
+    install(FILES ${PROJECT_BINARY_DIR}/packaging/${manual}.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+    install(FILES packaging/copyright ${PROJECT_BINARY_DIR}/packaging/changelog.gz
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component})
+endfunction()
+
+set(CPACK_COMPONENTS_ALL converter)
+if(NOT WIN32)
+    install_debian_files(marlogl converter MarlOgl.1)
+    if(TARGET marlogl-preview)
+        install_debian_files(marlogl-preview preview marlogl-preview.1)
+        list(APPEND CPACK_COMPONENTS_ALL preview)
+    endif()
+endif()
+
+set(CPACK_PACKAGE_NAME marlogl)
+set(CPACK_PACKAGE_VENDOR "MarlOgl developers")
+set(CPACK_PACKAGE_CONTACT "MarlOgl developers <marlogl@example.org>")
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# With SOURCE_DATE_EPOCH the packages are the same bytes from every build.
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/same_times.cmake)
+set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/same_zip.cmake)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_GROUPING IGNORE)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_CONVERTER_PACKAGE_NAME marlogl)
+set(CPACK_DEBIAN_CONVERTER_PACKAGE_SUGGESTS marlogl-preview)
+set(CPACK_DEBIAN_CONVERTER_DESCRIPTION "converter of scenery design files into OpenGL statements
+MarlOgl reads a design file, which describes a scene as parametric objects
+(houses, roofs, towers, roads, trees), and writes one text file of OpenGL
+immediate-mode statements, which a rendering program includes.")
+set(CPACK_DEBIAN_PREVIEW_PACKAGE_NAME marlogl-preview)
+set(CPACK_DEBIAN_PREVIEW_PACKAGE_DEPENDS libgl1-mesa-dri)
+set(CPACK_DEBIAN_PREVIEW_PACKAGE_SUGGESTS marlogl)
+set(CPACK_DEBIAN_PREVIEW_DESCRIPTION "viewer of the scenes that MarlOgl writes
+marlogl-preview shows the OpenGL statements that MarlOgl made of a design
+file: in a window, or as a PNG picture, for which it needs no display.")
+
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_PACKAGING_INSTALL_PREFIX /)
+    set(CPACK_PACKAGE_FILE_NAME marlogl-${PROJECT_VERSION}-windows-x86_64)
+endif()
+include(CPack)
