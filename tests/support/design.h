@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/run_error.h"
+#include "support/memory_files.h"
 
 #include <initializer_list>
 #include <optional>
@@ -10,6 +11,18 @@
 #include <vector>
 
 namespace marlogl {
+
+/// What a run finds: the run configuration and the other files, by their paths ("program" is the program's
+/// folder).
+struct Given {
+    std::string design_path = "scene.mr2";
+    std::string design;
+    std::optional<std::string> configuration; // none: the usual one for design_path
+    std::optional<std::string> colour_table = std::string();
+};
+
+/// A design file of a version, as text, and a colour table of 60 colours.
+Given given(int version, const std::string &design);
 
 /// A design file, written line by line as an author would.
 class Design {
@@ -48,19 +61,11 @@ struct Converted {
     std::vector<std::string> body() const;
 };
 
-/// What a run finds: the run configuration and the other files, by their paths ("program" is the program's
-/// folder).
-struct Given {
-    std::string design_path = "scene.mr2";
-    std::string design;
-    std::string configuration; // empty: the usual one for design_path
-    std::optional<std::string> colour_table = std::string();
-};
-
 /// Resets all state, converts, and checks what holds for every input: lines end in CR LF, no number is
 /// negative zero, nan or inf, a begin is ended before the next, and every placement is undone.
 Converted convert(const Design &design);
 Converted convert(const Given &given);
+Converted convert(MemoryFiles &files);
 
 /// A colour table of `lines` lines, entry i being the colour (i, i, i).
 std::string colour_table(int lines = 60);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 
 namespace marlogl {
 
@@ -9,11 +10,11 @@ namespace {
 
 class MemoryInput : public InputFile {
   public:
-    explicit MemoryInput(std::string_view content) : rest_(content) {}
+    MemoryInput(std::string_view content, std::size_t most) : rest_(content), most_(most) {}
 
     std::size_t read(char *buffer, std::size_t size) override
     {
-        const std::size_t taken = std::min(size, rest_.size());
+        const std::size_t taken = std::min({size, most_, rest_.size()});
         std::memcpy(buffer, rest_.data(), taken);
         rest_.remove_prefix(taken);
         return taken;
@@ -21,6 +22,7 @@ class MemoryInput : public InputFile {
 
   private:
     std::string_view rest_;
+    std::size_t most_;
 };
 
 class MemoryOutput : public OutputFile {
@@ -34,30 +36,40 @@ class MemoryOutput : public OutputFile {
     std::string &content_;
 };
 
+// "./a//b" is "a/b".
+std::string plain(const std::string &path)
+{
+    return std::filesystem::path(path).lexically_normal().generic_string();
+}
+
 } // namespace
 
 std::unique_ptr<InputFile> MemoryFiles::open(const std::string &path)
 {
-    const auto found = files.find(path);
-    return found == files.end() ? nullptr : std::make_unique<MemoryInput>(found->second);
+    const auto found = files.find(plain(path));
+    return found == files.end() ? nullptr : std::make_unique<MemoryInput>(found->second, most_per_read);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::create(const std::string &path)
 {
-    files[path].clear();
-    return std::make_unique<MemoryOutput>(files[path]);
+    std::string &content = files[plain(path)];
+    content.clear();
+    return std::make_unique<MemoryOutput>(content);
 }
 
 bool MemoryFiles::exists(const std::string &path)
 {
-    const auto found = files.lower_bound(path);
-    return found != files.end() && (found->first == path || found->first.starts_with(path + '/'));
+    const std::string name = plain(path);
+    if (name == ".")
+        return true;
+    const auto found = files.lower_bound(name);
+    return found != files.end() && (found->first == name || found->first.starts_with(name + '/'));
 }
 
 std::vector<std::string> MemoryFiles::names_in(const std::string &folder)
 {
     std::vector<std::string> names;
-    const std::string prefix = folder == "." ? "" : folder.ends_with('/') ? folder : folder + '/';
+    const std::string name = plain(folder + '/'), prefix = name == "." ? "" : name;
     for (const auto &[path, content] : files)
         if (path.starts_with(prefix))
             names.push_back(path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size()));

@@ -3,6 +3,7 @@
 
 #include "host/file_system.h"
 
+#include <limits>
 #include <map>
 #include <string>
 
@@ -12,6 +13,8 @@ namespace marlogl {
 class MemoryFiles : public FileSystem {
   public:
     std::map<std::string, std::string> files;
+    /// How many bytes a read gives at the most: no more need come at once from a pipe or a network.
+    std::size_t most_per_read = std::numeric_limits<std::size_t>::max();
 
     std::unique_ptr<InputFile> open(const std::string &path) override;
     std::unique_ptr<OutputFile> create(const std::string &path) override;
@@ -23,6 +26,14 @@ class MemoryFiles : public FileSystem {
     }
     std::vector<std::string> names_in(const std::string &folder) override;
     std::string executable_folder() override { return "program"; }
+};
+
+/// Lets runs work on a file system as long as this lives.
+class Using {
+  public:
+    explicit Using(FileSystem &files) { use_file_system(&files); }
+    Using(const Using &) = delete;
+    ~Using() { use_file_system(nullptr); }
 };
 
 } // namespace marlogl

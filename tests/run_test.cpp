@@ -1,0 +1,242 @@
+// Whole runs: what is found and made, what frames and places the objects, and what a run leaves behind.
+#include "design/scene.h"
+#include "dispatch/dispatch.h"
+#include "emit/output.h"
+#include "support/cases.h"
+#include "support/design.h"
+
+namespace marlogl {
+
+namespace {
+
+std::string framed(const std::string &scale, const std::string &objects)
+{
+    const std::string reset =
+        "glMatrixMode( GL_TEXTURE );\r\nglLoadIdentity();\r\nglMatrixMode( GL_MODELVIEW );\r\n";
+    return reset + "glPushMatrix();\r\nglScalef( " + scale + ", " + scale + ", " + scale + " );\r\n" +
+           objects + "glPopMatrix();\r\n" + reset;
+}
+
+std::string announced(const std::string &number, const std::string &name)
+{
+    const std::string comment = "//" + std::string(50, ' ') + "*** ";
+    return comment + "Sequence " + number + "\r\n" + comment + name + "\r\n";
+}
+
+// Configuration, then the path of the design file, that of the output, and whether it is converted.
+TEST(Run, TakesItsPathsFromTheConfiguration)
+{
+    const std::string table = R"(
+scene.mr2/scene.out//- => scene.mr2 scene.ogl yes
+  scene.MRL / out.txt  //-/fifth line => scene.MRL out.ogl yes
+TOWNS\Scene.Mr2/A\B\town//- => towns/scene.mr2 A/B/togl yes
+x.mr2/ogl//- => x.mr2 ogl yes
+mr2/abc//- => mr2 ogl yes
+scene.mr3/scene.out//- => scene.mr3 scene.ogl no
+r2/scene.out//- => r2 scene.ogl no
+none.txt/scene.out//- => scene.mr2 scene.ogl no
+)";
+    for_each_line(table, [](const std::string &configuration, const std::string &expected) {
+        const std::vector<std::string> parts = split(expected, " ");
+        MemoryFiles memory;
+        memory.files["program/marlogl.DAT"] = configuration;
+        memory.files[parts[0]] = "\n";
+        memory.files[parts[1]] = "old";
+        EXPECT_FALSE(convert(memory).error) << configuration;
+        EXPECT_EQ(memory.files.at(parts[1]), parts[2] == "yes" ? framed("0.3048", "") : "") << configuration;
+        EXPECT_EQ(memory.files.size(), 3u) << configuration;
+    });
+}
+
+TEST(Run, TakesItsColoursFromTheConfiguration)
+{
+    for_each_case("200100050=200, 100, 050|20010005=200, 100, 005|200100050 =200, 100, 50 |"
+                  " 10 20 30= 10,  20,  30|200 100 050=200,  10, 050|7=7, , 7|=, , ",
+                  [](const std::string &line, const std::string &components) {
+                      convert(
+                          {.design = "\n", .configuration = "scene.mr2\nx.out\n007008009\n" + line + '\n'});
+                      EXPECT_EQ(colour_outside, "007, 008, 009");
+                      EXPECT_EQ(colour_inside, components);
+                  });
+}
+
+TEST(Run, ScalesTheSceneByItsLevel)
+{
+    for_each_case(
+        "15=0.6096|14=1.2192|13=2.4384|12=4.8769|11=9.7537|10=19.5074|9=39.0149|09=39.0149|8=0.3048|"
+        "16=0.3048|00=0.3048|=0.3048|1=0.3048|159=0.6096|1 5=0.3048|9.=39.0149|.9=0.3048",
+        [](const std::string &level, const std::string &factor) {
+            EXPECT_EQ(convert(given(2, 'J' + level + '\n')).output, framed(factor, "")) << level;
+        });
+}
+
+// The lines between the comments of the first object and the footer, and "/" between them.
+TEST(Run, PlacesAnObjectAndUndoesIt)
+{
+    const std::string table = R"(
+2A3/C12.6 => glTranslated( 13, 0, 0 );/glTranslated( -13, 0, 0 );
+2A99/P61 90 => glRotated( -90,0 ,0 , 1 );/glRotated( 90,0 ,0 , 1 );
+2A-3/C-.4 ft/D 2x/P6145.5
+    => glTranslated( 0, 2, 0 );/glRotated( -46,0 ,0 , 1 );/glRotated( 46,0 ,0 , 1 );/glTranslated( 0, -2, 0 );
+1A8/C-7/D8/P61.4
+    => glTranslated( -7, 8, 0 );/glRotated( 0 ,0 ,0 , 1 );/glRotated( 0 ,0 ,0 , 1 );/glTranslated( 7, -8, 0 );
+2P6145/C9/A24/C0/Dnorth/P61 0 => 
+)";
+    for_each_line(table, [](const std::string &design, const std::string &lines) {
+        std::string found;
+        for (const std::string &line : convert(given(design[0] - '0', design.substr(1))).body())
+            found += (found.empty() ? "" : "/") + line;
+        EXPECT_EQ(found, lines) << design;
+    });
+}
+
+TEST(Run, AnnouncesObjectsThatHaveAType)
+{
+    std::string design = "A3\nBGone \nA0\nBskipped\nC1\nP61 1\nA99\nA-5\nB\xE9t\xE9\n", objects;
+    objects = announced("01", "Gone ") + announced("03", "") + announced("04", "\xE9t\xE9");
+    EXPECT_EQ(convert(given(1, design)).output, framed("0.3048", objects));
+    for (int k = 5; k <= 70; ++k) {
+        design += "A3\n";
+        objects += announced(k < 10 ? '0' + std::to_string(k) : std::to_string(k), "");
+    }
+    EXPECT_EQ(convert(given(2, design)).output, framed("0.3048", objects));
+    EXPECT_EQ(convert(given(2, design + "Blast\nA3\nC1")).output.size(),
+              framed("0.3048", objects).size() + 4);
+}
+
+TEST(Run, ChoosesTheGeneratorByType)
+{
+    const std::string kinds[] = {
+        "1house 2beam 3poly 4bigpoly 5building 6mast 7tower 9panel 11structure 12cylinder 13base 14cone "
+        "15basket_sphere 16sign 17roads 19tree 20fence 21fence 22wheel 23fence ",
+        "2digital 4sign 5poly 6structure 7cylinder 9base 11cone 12basket_sphere 13flag 18bigpoly 19wheel "
+        "20fence "
+        "21roads 22tower 23house "};
+    for (const int version : {1, 2}) {
+        std::string found;
+        for (int type = -1; type <= 100; ++type)
+            if (const std::string name = generator_name(version, type); !name.empty())
+                found += std::to_string(type) + name.substr(name.find('_') + 1) + ' ';
+        EXPECT_EQ(found, kinds[version - 1]);
+    }
+    // One row of each table draws what it is named after.
+    EXPECT_EQ(convert(given(1, "A9")).body()[0], "glColor3ub( 192, 192, 192 ); ");
+    EXPECT_EQ(polygons(convert(Design(2).object(11).textured(1, 7, "x"))).size(), 12u);
+}
+
+TEST(Run, DrawsAnInstanceAtItsOwnPlace)
+{
+    using Lines = std::vector<std::string>;
+    const auto drawn = [](const std::string &reference) {
+        return convert(given(2, "A11\nBCone\nP01 8\nP02 9\nK02Y\nF02tile\nC50\nP61 70\nA3\nC1\nP61 3\nK30" +
+                                    reference))
+            .lines();
+    };
+    constexpr int triangle = 12;
+    const Lines plain = drawn("  "), copied = drawn("01");
+    const auto cone = std::find(plain.begin(), plain.end(), "glRotated( -70,0 ,0 , 1 );") + 1;
+    const auto place = std::find(plain.begin(), plain.end(), "glRotated( -3,0 ,0 , 1 );") + 1;
+    Lines expected(plain.begin(), place);
+    expected.insert(expected.end(), cone, cone + triangle);
+    expected.insert(expected.end(), place, plain.end());
+    EXPECT_EQ(copied, expected);
+    for (const std::string same : {"1", " 1", "1."})
+        EXPECT_EQ(drawn(same), copied) << same;
+    for (const std::string other : {"00", ".9", "02", "03", "70", "71", "-1", "x1"})
+        EXPECT_EQ(drawn(other), plain) << other;
+}
+
+// A square prism of one unit's height; "Y" textures its lower or its upper cap, which are n-gons.
+std::string prism(const std::string &lower, const std::string &upper, const std::string &corners = "4")
+{
+    std::string design =
+        "A18\nBPond\nP021\nP11" + corners + "\nF21x\nF22x\nK21" + lower + "\nK22" + upper + '\n';
+    for (const int before : {0, 20})
+        for (const char *corner : {"150005000", "250005010", "350105010", "450105000"})
+            design += "Q" + text_of(p00(before / 10)) + (corner + std::string("\n"));
+    for (const char *position : {"12150015002", "12250025004", "12350035006", "12450045008"})
+        design += std::string("Q") + position + "\nQ14" + (position + 2) + '\n';
+    return design;
+}
+
+// What a run leaves in the place of the point file ("gone": nothing), and how the message of its error ends.
+void expect_left(const std::string &design, const std::string &left, const std::string &error = "")
+{
+    for (const bool old : {false, true}) {
+        MemoryFiles memory;
+        memory.files["program/MarlOgl.dat"] = "scene.mr2\nscene.out\n\n\n";
+        memory.files["scene.mr2"] = design;
+        if (old)
+            memory.files["program/tempofil.%%%"] = "old";
+        const Converted converted = convert(memory);
+        EXPECT_EQ(converted.point_file.value_or("gone"), left != "as before" ? left
+                                                         : old               ? "old"
+                                                                             : "gone")
+            << design;
+        EXPECT_TRUE(std::string(converted.error ? converted.error->what() : "").ends_with(error)) << design;
+        EXPECT_EQ(converted.error.has_value(), !error.empty()) << design;
+    }
+}
+
+TEST(Run, LeavesTheTemporaryPointFileOfItsLastPolygonUnlessItWasRead)
+{
+    const std::string lower = "   0  1 2\r\n   1  2 4\r\n   2  3 6\r\n   3  4 8\r\n";
+    const std::string upper = "   7  4 8\r\n   6  3 6\r\n   5  2 4\r\n   4  1 2\r\n";
+    std::string many = lower, wheel;
+    for (int k = 4; k <= 19; ++k)
+        many += "   " + std::to_string(k) + "  0 0\r\n";
+    for (int k = 0; k <= 129; ++k)
+        wheel += "   " + std::to_string(k) + "  0 255\r\n";
+    const std::string cone = "A11\nP01 5\n", broken = "A3\nC1e999",
+                      cause = "the number \"1e999\" is too large";
+    expect_left(cone, "as before");
+    expect_left(prism("Y", "Y") + cone, "gone");
+    expect_left(cone + prism("Y", "N") + cone, upper);
+    expect_left(cone + prism("N", "Y"), "gone");
+    expect_left(prism("N", "N") + prism("Y", "Y"), "gone");
+    expect_left(prism("Y", "Y") + prism("N", "N"), upper);
+    expect_left(cone + broken, "as before", cause);
+    expect_left(prism("N", "N") + broken, upper, cause);
+    expect_left(prism("Y", "Y") + broken, "gone", cause);
+    expect_left(prism("Y", "Y", "20"), "gone");
+    expect_left(prism("Y", "Y", "21"), many + "   20  1 2\r\n",
+                "corner of the polygon 21 is outside 1 to 20");
+    expect_left("A19\nP11 131\n", wheel, "point 181 is outside 0 to 180");
+}
+
+TEST(Run, KeepsItsStateBetweenObjectsButNotBetweenRuns)
+{
+    // A flag has no sides of its own; a cylinder ends with its inside.
+    const std::string flag = "A13\nP01 4\nP02 4\nK01Y\nF01flag\n", cylinder = "A7\nP02 1\n";
+    const std::string broken = cylinder + "P31 1\nP04 1e5"; // stops while it copies its points
+    const auto colour_of = [](const std::string &design) {
+        const Converted converted = convert(given(2, design));
+        for (const std::string &line : converted.lines())
+            if (line.starts_with("glColor"))
+                return line;
+        return std::string();
+    };
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(colour_of(flag), "glColor3ub(200, 100, 050 ); ");
+        EXPECT_EQ(colour_of(cylinder + flag), "glColor3ub( 050, 100, 200 ); ");
+        EXPECT_FALSE(convert(given(1, "A12\nP04 1e5")).error); // the copies are made on demand
+        EXPECT_STREQ(convert(given(2, broken)).error->what(),
+                     "object 1 \"\" (type 7, save_cylinder): coordinate 50000 is outside -32768 to 32767");
+    }
+}
+
+TEST(Run, WritesLinesOfAnyLength)
+{
+    for (const std::size_t length : {output::capacity - 400, output::capacity - 56, output::capacity - 55,
+                                     output::capacity, 3 * output::capacity}) {
+        const std::string name(length, 'n');
+        EXPECT_TRUE(
+            convert(given(2, "A3\nB" + name + "\nA3\nBx" + name + "\nA3\nBy")).output ==
+            framed("0.3048", announced("01", name) + announced("02", 'x' + name) + announced("03", "y")))
+            << length;
+    }
+}
+
+} // namespace
+
+} // namespace marlogl

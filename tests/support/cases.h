@@ -1,0 +1,63 @@
+// Tables of cases, and the errors that cases expect.
+#pragma once
+
+#include "host/run_error.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace marlogl {
+
+/// The parts of a text between separators.
+inline std::vector<std::string> split(std::string_view text, std::string_view separator)
+{
+    std::vector<std::string> parts;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        parts.emplace_back(text.substr(0, end));
+        if (end == text.npos)
+            return parts;
+        text.remove_prefix(end + separator.size());
+    }
+}
+
+/// Calls `test(input, expected)` with each case of a table such as "1e2=100|1e=1".
+template <typename Test> void for_each_case(std::string_view table, Test test)
+{
+    for (const std::string &row : split(table, "|"))
+        test(row.substr(0, row.rfind('=')), row.substr(row.rfind('=') + 1));
+}
+
+/// Calls `test(input, expected)` with each case of a raw string: lines "input => expected", or that on two
+/// lines, the second indented. "/" stands for the end of a line in the input.
+template <typename Test> void for_each_line(std::string table, Test test)
+{
+    for (std::size_t at; (at = table.find("\n    =>")) != table.npos;)
+        table.replace(at, 5, " ");
+    for (const std::string &row : split(table, "\n"))
+        if (const std::vector<std::string> parts = split(row, " => "); parts.size() == 2) {
+            std::string input = parts[0];
+            std::replace(input.begin(), input.end(), '/', '\n');
+            test(input, parts[1]);
+        }
+}
+
+constexpr std::string_view fault_names[] = {"index",    "overflow",        "missing file", "past end",
+                                            "division", "negative length", "input/output"};
+
+/// The error that `action` raises, as "kind: message".
+template <typename Action> std::string error_of(Action action)
+{
+    try {
+        action();
+    } catch (const RunError &error) {
+        return std::string(fault_names[static_cast<int>(error.fault)]) + ": " + error.what();
+    }
+    return "no error";
+}
+
+} // namespace marlogl
