@@ -58,7 +58,8 @@ TEST(NumberText, IsNotThereForANumberThatIsNotFinite)
         EXPECT_EQ(error_of([x] { text_of(spaced(x)); }), message) << input;
         EXPECT_EQ(error_of([x] { text_of(fntexv(x)); }), message) << input;
     }
-    EXPECT_EQ(error_of([] { text_of(hex(1e16)); }), "overflow: the colour component 1e+16 is too large");
+    EXPECT_EQ(error_of([] { text_of(hex(1e16)); }),
+              "overflow: the number 1e+16 is too large for hexadecimal digits");
 }
 
 // The text that the digits themselves give.

@@ -24,8 +24,8 @@ std::string_view face_texture(double t)
     return object_code(t, current_object)(1) == 'Y' ? trimmed(name) : std::string_view();
 }
 
-// Writes the lines that open the block of a textured face; false when the face is not textured.
-bool begin_face(double t)
+// Writes the lines that bind the texture of a face; false when the face is not textured.
+bool bind_face(double t)
 {
     const std::string_view texture = face_texture(t);
     if (texture.empty())
@@ -34,9 +34,10 @@ bool begin_face(double t)
     return true;
 }
 
+// Writes the lines that open the block of a textured face; false when the face is not textured.
 bool begin_face(double t, double p1, double p2, double p3, std::string_view direction)
 {
-    if (!begin_face(t))
+    if (!bind_face(t))
         return false;
     begin_polygon_line();
     side_colour_line();
@@ -44,15 +45,10 @@ bool begin_face(double t, double p1, double p2, double p3, std::string_view dire
     return true;
 }
 
-// The texture line of one corner: the positions that stand in slot `u` of point_x and slot `v` of point_y.
-void position_line(double u, double v)
-{
-    texture_line(point_x(u, current_object), point_y(v, current_object));
-}
-
+// The texture line of a corner whose positions stand in `slot` of both tables.
 void position_line(double slot)
 {
-    position_line(slot, slot);
+    texture_line(point_x(slot, current_object), point_y(slot, current_object));
 }
 
 } // namespace
@@ -72,7 +68,7 @@ void write3(std::string_view xide1, std::string_view, std::string_view, double t
         position_line(slot--);
         vertex_line(point);
     }
-    end_line();
+    gl_end_line();
 }
 
 void write4(std::string_view xide1, std::string_view, std::string_view, double t, double bit1, double p1,
@@ -92,7 +88,7 @@ void write4(std::string_view xide1, std::string_view, std::string_view, double t
         texture_line(point_x(corner.u, current_object), point_x(corner.v, current_object));
         vertex_line(corner.point);
     }
-    end_line();
+    gl_end_line();
 }
 
 void write3a(std::string_view xide1, std::string_view, std::string_view, double t, double p1, double p2,
@@ -111,7 +107,7 @@ void write3a(std::string_view xide1, std::string_view, std::string_view, double 
         position_line(corner.slot);
         vertex_line(corner.point);
     }
-    end_line();
+    gl_end_line();
 }
 
 void write4a(std::string_view xide1, double t, double p1, double p2, double p3, double p4, double bit1,
@@ -124,7 +120,7 @@ void write4a(std::string_view xide1, double t, double p1, double p2, double p3, 
         position_line(slot--);
         vertex_line(point);
     }
-    end_line();
+    gl_end_line();
 }
 
 void write4ar(std::string_view xide1, double t, double p1, double p2, double p3, double p4, double bit1,
@@ -146,12 +142,12 @@ void write4ar(std::string_view xide1, double t, double p1, double p2, double p3,
         const Vertex &plan = vertex(corner.xy);
         vertex_line(plan.x, plan.y, vertex(corner.z).z);
     }
-    end_line();
+    gl_end_line();
 }
 
 void writen(double t, std::string_view reverse)
 {
-    if (!begin_face(t))
+    if (!bind_face(t))
         return;
     static Corners corners{"corner of the polygon"};
     const int count = point_file::read(corners);
@@ -163,7 +159,7 @@ void writen(double t, std::string_view reverse)
         texture_line(corner.u, corner.v);
         vertex_line(corner.point);
     }
-    end_line();
+    gl_end_line();
 }
 
 void write_roads(double text, std::string_view, double xx1, double xx2, double xx3)
@@ -180,10 +176,6 @@ void write_roads(double text, std::string_view, double xx1, double xx2, double x
                      object_param(first_cell + v, current_object));
         vertex_line(point);
     };
-    const auto normal = [&] {
-        write_line("      glNormal3d( ", fnform2(p6(xx1)), ", ", fnform2(p6(xx2)), ", ", fnform2(p6(xx3)),
-                   " );");
-    };
     enum Side { ua, va, ub, vb };
 
     bitmap_string(name, text, "N");
@@ -192,10 +184,10 @@ void write_roads(double text, std::string_view, double xx1, double xx2, double x
         corner(3, ub, vb);
         corner(2, ub, va);
         corner(1, ua, va);
-        normal();
+        normal_line(xx1, xx2, xx3);
         corner(0, ua, vb);
     } else {
-        normal();
+        normal_line(xx1, xx2, xx3);
         corner(0, ua, vb);
         corner(1, ua, va);
         corner(2, ub, va);
@@ -212,8 +204,7 @@ void fnVector(double p1, double p2, double p3, std::string_view)
     if (length == 0)
         return;
     const double f = 1 / length;
-    write_line("      glNormal3d( ", fnform2(p6(f * n.x)), ", ", fnform2(p6(f * n.y)), ", ",
-               fnform2(p6(f * n.z)), " );");
+    normal_line(f * n.x, f * n.y, f * n.z);
 }
 
 } // namespace marlogl

@@ -49,8 +49,9 @@ void writen(double t, std::string_view reverse);
 
 /// A road surface over the points 0 to 3, textured when slot `text` (1 above, 2 below) has a texture name.
 /// The texture rectangle is cells 11 to 14 for slot 1 and 15 to 18 for the others; the cells are cut to whole
-/// numbers. (xx1, xx2, xx3) is the normal. The line that ends the polygon is the caller's. `argument1` is not
-/// used.
+/// numbers. (xx1, xx2, xx3) is the normal. There is no colour line; with xx3 = 1 the corners run from 3 to 0,
+/// and the normal stands before the last of them. The line that ends the polygon is the caller's. `argument1`
+/// is not used.
 void write_roads(double text, std::string_view argument1, double xx1, double xx2, double xx3);
 
 /// Writes the normal line of the plane through three points, or nothing when they lie on a line. For corners

@@ -8,6 +8,10 @@
 
 namespace marlogl {
 
+/// What begins a comment line.
+inline constexpr char comment_prefix[] = "//                                                  ";
+static_assert(sizeof comment_prefix == 52 + 1);
+
 // Errors of all of them: input_output; those of the number texts and of vertex().
 
 inline void vertex_line(double x, double y, double z)
@@ -37,7 +41,12 @@ inline void begin_lines_line()
     write_line("glBegin( GL_LINES ); ");
 }
 
-inline void end_line()
+inline void normal_line(double x, double y, double z)
+{
+    write_line("      glNormal3d( ", fnform2(p6(x)), ", ", fnform2(p6(y)), ", ", fnform2(p6(z)), " );");
+}
+
+inline void gl_end_line()
 {
     write_line("glEnd();");
 }
@@ -57,9 +66,21 @@ inline void colour_line_blank(const Text<11> &colour)
 }
 
 /// The colour of an entry of the colour table.
-inline void colour_line(const ColourEntry &entry)
+inline void table_colour_line(const ColourEntry &entry)
 {
     write_line("glColor3ub( ", entry.red(), ", ", entry.green(), ", ", entry.blue(), " ); ");
+}
+
+// Scenery commands: move or draw to a point, whose number stands behind a blank.
+
+inline void move_line(double point)
+{
+    write_line("MoveToPt( ", spaced(point), " )");
+}
+
+inline void draw_line(double point)
+{
+    write_line("DrawToPt( ", spaced(point), " )");
 }
 
 } // namespace marlogl

@@ -38,7 +38,7 @@ Decimal significant(double size)
     return number;
 }
 
-// `number` cut after `decimals` decimals, halves rounded up.
+// `number` rounded to `decimals` decimals, halves up.
 Decimal rounded(Decimal number, int decimals)
 {
     const int kept = number.point + decimals;
@@ -134,7 +134,8 @@ char *put(char *at, HexText text)
     constexpr double exact_whole_numbers = 9007199254740992.0; // 2^53
     const double number = std::max(round_half_even(text.value), 0.0);
     if (number > exact_whole_numbers)
-        throw RunError(Fault::overflow, "the colour component " + message_number(number) + " is too large");
+        throw RunError(Fault::overflow,
+                       "the number " + message_number(number) + " is too large for hexadecimal digits");
     char digits[16];
     char *end = std::to_chars(digits, digits + sizeof digits, static_cast<std::uint64_t>(number), 16).ptr;
     std::transform(digits, end, digits,

@@ -2,6 +2,7 @@
 
 #include "design/scene.h"
 #include "emit/output.h"
+#include "host/letters.h"
 
 namespace marlogl {
 
@@ -12,20 +13,10 @@ namespace {
 std::string remembered_name;
 Text<2> remembered_code;
 
-char upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 // Whether both name one texture, whatever blanks are around it.
 bool same_name(std::string_view a, std::string_view b)
 {
-    if (a == b)
-        return true;
-    a = trimmed(a);
-    b = trimmed(b);
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return upper(x) == upper(y); });
+    return a == b || same_letters(trimmed(a), trimmed(b));
 }
 
 } // namespace
@@ -58,7 +49,7 @@ void reset_textures()
 {
     override_texture_code = "00";
     remembered_name.clear();
-    remembered_code = "";
+    remembered_code = {};
 }
 
 } // namespace marlogl

@@ -21,7 +21,7 @@ void forget_texture_code();
 /// Errors: input_output.
 int bitmap_string(std::string_view textura, double no, std::string_view kolor);
 
-/// Puts the remembered texture back to none.
+/// Puts the remembered texture and the override code back to none.
 void reset_textures();
 
 } // namespace marlogl

@@ -61,7 +61,7 @@ void make_lights(std::string_view lightss)
         if (!selected.empty())
             write_line("      glVertex3d( ", selected, " );");
     }
-    end_line();
+    gl_end_line();
     List2.clear();
 }
 

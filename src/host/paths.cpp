@@ -1,6 +1,7 @@
 #include "host/paths.h"
 
 #include "host/file_system.h"
+#include "host/letters.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -12,17 +13,6 @@ namespace {
 std::string program_directory = ".";
 
 constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
-
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool same_letters(std::string_view a, std::string_view b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return lower(x) == lower(y); });
-}
 
 bool is_separator(char c)
 {

@@ -4,24 +4,22 @@
 #include "design/scene.h"
 #include "dispatch/dispatch.h"
 #include "emit/colour_table.h"
+#include "emit/lines.h"
 #include "emit/output.h"
 #include "emit/point_file.h"
 #include "emit/textures.h"
 #include "emit/vertex_table.h"
 #include "host/file_system.h"
+#include "host/letters.h"
 #include "host/lines.h"
 #include "host/paths.h"
 
-#include <utility>
-
 #include <cmath>
+#include <utility>
 
 namespace marlogl {
 
 namespace {
-
-constexpr char comment_prefix[] = "//                                                  ";
-static_assert(sizeof comment_prefix == 52 + 1);
 
 std::string colour_components(std::string_view line)
 {
@@ -62,11 +60,8 @@ void read_configuration()
 // The version of a design file, by the last three characters of its path; 0 when that is no design file.
 int design_version(std::string_view path)
 {
-    std::string kind(path.size() > 3 ? path.substr(path.size() - 3) : path);
-    for (char &c : kind)
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    return kind == "MRL" ? 1 : kind == "MR2" ? 2 : 0;
+    const std::string_view kind = path.size() > 3 ? path.substr(path.size() - 3) : path;
+    return same_letters(kind, "MRL") ? 1 : same_letters(kind, "MR2") ? 2 : 0;
 }
 
 void make_output_path()

@@ -83,7 +83,7 @@ void write_ropes(const Basket &basket, Ring ring)
         vertex_line(point);
         vertex_line(basket.upper(corner++));
     }
-    end_line();
+    gl_end_line();
 }
 
 void write_basket(Side side, const Basket &basket)

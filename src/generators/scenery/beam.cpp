@@ -50,7 +50,7 @@ void write_triangle(int p1, int p2, int p3)
     begin_polygon_line();
     for (const int point : {p1, p2, p3})
         vertex_line(point);
-    end_line();
+    gl_end_line();
 }
 
 // The drawing so far. The points are counted again, from the runs alone: a first point that starts no run was

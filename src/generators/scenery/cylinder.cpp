@@ -79,12 +79,11 @@ void write_railing(const Cylinder &cylinder)
     }
     // The rails are not closed to a ring.
     for (int i = 0; i + 1 < cylinder.ring.count; ++i) {
-        write_line("//                                                  DrawToPt( ",
-                   spaced(cylinder.railing + i), " )");
+        write_line(comment_prefix, "DrawToPt( ", spaced(cylinder.railing + i), " )");
         vertex_line(cylinder.ring2 + i);
         vertex_line(cylinder.ring2 + i + 1);
     }
-    end_line();
+    gl_end_line();
 }
 
 void write_triangle(Side side, FaceSlots slots, int p1, int p2, int p3)

@@ -17,7 +17,7 @@ void save_fence()
     };
 
     work_flag = false;
-    colour_line(colours(colour_number(numeric_value(object_code(1, current_object)), 1)));
+    table_colour_line(colours(colour_number(numeric_value(object_code(1, current_object)), 1)));
     begin_lines_line();
     for (double i = 1; i <= count; ++i) {
         const bool rail = attribute(i)(4) == 'L';
@@ -35,7 +35,7 @@ void save_fence()
             point_line(i, top);
         }
     }
-    end_line();
+    gl_end_line();
 }
 
 } // namespace marlogl

@@ -66,7 +66,7 @@ void write_segment(double j)
         begin_polygon_line();
         for (const double point : {lower + c, upper + c, upper + d, lower + d})
             vertex_line(point);
-        end_line();
+        gl_end_line();
     }
 }
 
@@ -109,7 +109,7 @@ void save_mast()
     write_guy_set(first_guys);
     colour_line(object_colour(4, current_object));
     write_guy_set(second_guys);
-    end_line();
+    gl_end_line();
     vertex_copy_flag = "N";
     work_flag = false;
 }

@@ -16,20 +16,20 @@ void save_panel()
     vertex_line(0, 0, top);
     if (!trimmed(object_code(1, current_object)).empty()) {
         const Text<11> &colour = object_colour(2, current_object);
-        end_line();
+        gl_end_line();
         write_line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ",
                    columns(colour, 9, 11), " ) ;  ");
         begin_polygon_line();
         vertex_line(0, 0, top);
         vertex_line(length, 0, tip);
         vertex_line(0, 0, low);
-        end_line();
+        gl_end_line();
         begin_polygon_line();
         vertex_line(0, 0, low);
         vertex_line(length, 0, tip);
         vertex_line(0, 0, top);
     }
-    end_line();
+    gl_end_line();
 }
 
 } // namespace marlogl

@@ -51,7 +51,7 @@ void write_surface(Span width, const Surface &surface)
     record(width.high, surface.end, surface.end_height + rise);
     record(width.high, surface.start, surface.start_height + rise);
     write_roads(2, "", 0, 0, -1);
-    end_line();
+    gl_end_line();
     write_roads(1, "", 0, 0, 1);
 }
 
@@ -68,12 +68,12 @@ void write_surfaces(Span width)
     if (cell(38) > 0) {
         write_surface(width, {-a.larger - (a.larger + m.smaller), a.smaller - (a.larger + m.smaller), 0,
                               inner_height_1});
-        end_line();
+        gl_end_line();
     }
     if (cell(39) > 0) {
         write_surface(width,
                       {m.larger - b.larger + b.smaller, b.smaller + m.larger + b.smaller, inner_height_2, 0});
-        end_line();
+        gl_end_line();
     }
     write_surface(width, {-m.larger, m.smaller, inner_height_2, inner_height_1});
 }
@@ -89,16 +89,16 @@ void save_roads()
     const Span width = centred(road_width);
     List1.clear();
 
-    colour_line(colours(colour_number(numeric_value(point_code(1, current_object)), 1)));
+    table_colour_line(colours(colour_number(numeric_value(point_code(1, current_object)), 1)));
     begin_lines_line();
     write_wire_frame(width, count);
     if (road_width > 0 && cell(31) != 3) {
-        end_line();
+        gl_end_line();
         write_surfaces(width);
     }
     List2.clear();
     List1.clear();
-    end_line();
+    gl_end_line();
 }
 
 } // namespace marlogl

@@ -106,16 +106,6 @@ void command_colour_line(const ColourEntry &entry)
                hex(numeric_value(entry.blue())), " )  ");
 }
 
-void move_line(double point)
-{
-    write_line("MoveToPt( ", spaced(point), " )");
-}
-
-void draw_line(double point)
-{
-    write_line("DrawToPt( ", spaced(point), " )");
-}
-
 void listed_vertex_line(std::size_t entry)
 {
     const ListedPoint point = listed_point(entry);
@@ -136,7 +126,7 @@ void write_line_block(const Tower &tower)
     begin_lines_line();
     for (std::size_t j = 0; j < List2.count(); ++j) {
         if (colour.change_to(numeric_value(List2.text(j)))) {
-            colour_line(tower.colours(colour.number()));
+            table_colour_line(tower.colours(colour.number()));
             if (!colour.first())
                 move_line(static_cast<double>(j));
         }
@@ -145,7 +135,7 @@ void write_line_block(const Tower &tower)
             listed_vertex_line(j - 1);
         }
     }
-    end_line();
+    gl_end_line();
     clear_lists();
 }
 

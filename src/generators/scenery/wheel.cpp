@@ -82,7 +82,7 @@ void write_segment(Edge from, Edge to, double q, double q1)
         texture_line(column, point_y(row, current_object));
         vertex_line(point);
     }
-    end_line();
+    gl_end_line();
 }
 
 // The strip over cone, tread and cone is textured by one rectangle, whose columns are shared out by width.

@@ -226,8 +226,8 @@ void write_antenna_commands(int last_point)
             write_line("Dbx( 2E 00 ", component(3), " EF ", component(6), " ", component(9),
                        " )  ; Antenna's");
         work_flag = true;
-        write_line("MoveToPt( ", spaced(last_point + 1), " )");
-        write_line("DrawToPt( ", spaced(last_point + 2), " )");
+        move_line(last_point + 1);
+        draw_line(last_point + 2);
         last_point += 2;
     }
 }
