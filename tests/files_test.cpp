@@ -51,13 +51,7 @@ TEST(Lines, EndAtCrLfAtLfAndAtTheEndOfTheFile)
 TEST(Lines, CrossTheEndOfTheBuffer)
 {
     constexpr std::size_t buffer = 16384;
-    const std::string ends[][2] = {
-        {"\r\n",   ","  },
-        {"\n",     ","  },
-        {"\r",     "\r" },
-        {"\r\r\n", "\r,"},
-        {"",       ""   }
-    };
+    const std::string ends[][2] = {{"\r\n", ","}, {"\n", ","}, {"\r", "\r"}, {"\r\r\n", "\r,"}, {"", ""}};
     for (std::size_t length = buffer - 3; length <= buffer + 3; ++length)
         for (const std::string &first : {std::string(), std::string("first"), std::string(2 * buffer, 'f')})
             for (const auto &[end, shown] : ends) {

@@ -45,53 +45,53 @@ TEST(Generators, WriteAsManyFacesAsTheirSwitchesAndSelectorsSay)
         Cells cells;
         std::size_t count;
     } rows[] = {
-        {2, 23, "1 0, 2 4, 6 2, 7 4",      8  },
-        {2, 23, "1 3, 2 4, 6 0, 7 4",      12 },
-        {2, 23, "1 3, 2 4, 6 -1, 7 4",     12 },
-        {2, 23, "1 -2, 2 4, 6 0, 7 4",     4  },
-        {1, 5,  "1 4, 3 0, 11 4, 18 4",    20 },
-        {1, 5,  "1 4, 3 1, 11 4, 18 4",    28 },
-        {2, 11, "1 90, 6 0",               12 },
-        {2, 11, "1 90, 6 1",               16 },
-        {2, 11, "1 90, 6 3",               24 },
-        {2, 11, "1 90, 6 4",               40 },
-        {2, 11, "1 90, 6 -1",              40 },
-        {2, 7,  ring + ", 7 0",            18 },
-        {2, 7,  ring + ", 7 1",            24 },
-        {2, 7,  ring + ", 7 2",            30 },
-        {2, 7,  ring + ", 7 3",            36 },
-        {2, 7,  ring + ", 7 4",            60 },
-        {2, 7,  ring + ", 7 5",            27 },
-        {2, 7,  ring + ", 7 0, 12 -1",     36 },
-        {2, 7,  ring + ", 7 0, 12 1",      18 },
-        {2, 7,  ring + ", 7 0, 2 -1",      12 },
-        {2, 12, sphere,                    96 },
-        {2, 12, sphere + ", 20 1",         128},
-        {2, 12, sphere + ", 20 3",         192},
-        {2, 12, sphere + ", 20 4",         320},
-        {2, 12, sphere + ", 19 1",         48 },
-        {2, 12, sphere + ", 4 0",          84 },
-        {2, 12, sphere + ", 1 0",          96 },
-        {2, 12, sphere + ", 29 1",         106},
-        {2, 12, sphere + ", 29 2",         96 },
-        {2, 19, wheel + ", 11 18",         56 },
-        {2, 19, wheel + ", 11 15",         47 },
-        {2, 19, wheel + ", 11 10",         32 },
-        {2, 13, "1 8, 2 6",                1  },
-        {2, 13, "1 8, 2 6, 8 -1",          2  },
-        {2, 13, "1 8, 2 6, 8 1",           1  },
-        {2, 2,  "1 8, 2 9, 3 4",           8  },
-        {2, 2,  "1 8, 2 9, 3 0",           6  },
-        {2, 2,  "1 8, 2 9, 3 -2",          6  },
-        {2, 4,  "1 5, 2 5, 4 5, 8 0",      0  },
-        {2, 4,  "1 5, 2 5, 4 5, 8 4.5",    0  },
-        {2, 4,  "1 5, 2 5, 4 5, 8 5.5",    2  },
-        {1, 19, "1 8, 2 9",                4  },
-        {1, 19, "1 8, 2 9, 16 1",          1  },
-        {2, 6,  box,                       12 },
-        {2, 6,  box + ", 51 -1, 52 -1",    12 },
-        {2, 6,  tapered + ", 51 -1",       16 },
-        {2, 6,  tapered + ", 51 -1, 54 1", 16 },
+        {2, 23, "1 0, 2 4, 6 2, 7 4", 8},
+        {2, 23, "1 3, 2 4, 6 0, 7 4", 12},
+        {2, 23, "1 3, 2 4, 6 -1, 7 4", 12},
+        {2, 23, "1 -2, 2 4, 6 0, 7 4", 4},
+        {1, 5, "1 4, 3 0, 11 4, 18 4", 20},
+        {1, 5, "1 4, 3 1, 11 4, 18 4", 28},
+        {2, 11, "1 90, 6 0", 12},
+        {2, 11, "1 90, 6 1", 16},
+        {2, 11, "1 90, 6 3", 24},
+        {2, 11, "1 90, 6 4", 40},
+        {2, 11, "1 90, 6 -1", 40},
+        {2, 7, ring + ", 7 0", 18},
+        {2, 7, ring + ", 7 1", 24},
+        {2, 7, ring + ", 7 2", 30},
+        {2, 7, ring + ", 7 3", 36},
+        {2, 7, ring + ", 7 4", 60},
+        {2, 7, ring + ", 7 5", 27},
+        {2, 7, ring + ", 7 0, 12 -1", 36},
+        {2, 7, ring + ", 7 0, 12 1", 18},
+        {2, 7, ring + ", 7 0, 2 -1", 12},
+        {2, 12, sphere, 96},
+        {2, 12, sphere + ", 20 1", 128},
+        {2, 12, sphere + ", 20 3", 192},
+        {2, 12, sphere + ", 20 4", 320},
+        {2, 12, sphere + ", 19 1", 48},
+        {2, 12, sphere + ", 4 0", 84},
+        {2, 12, sphere + ", 1 0", 96},
+        {2, 12, sphere + ", 29 1", 106},
+        {2, 12, sphere + ", 29 2", 96},
+        {2, 19, wheel + ", 11 18", 56},
+        {2, 19, wheel + ", 11 15", 47},
+        {2, 19, wheel + ", 11 10", 32},
+        {2, 13, "1 8, 2 6", 1},
+        {2, 13, "1 8, 2 6, 8 -1", 2},
+        {2, 13, "1 8, 2 6, 8 1", 1},
+        {2, 2, "1 8, 2 9, 3 4", 8},
+        {2, 2, "1 8, 2 9, 3 0", 6},
+        {2, 2, "1 8, 2 9, 3 -2", 6},
+        {2, 4, "1 5, 2 5, 4 5, 8 0", 0},
+        {2, 4, "1 5, 2 5, 4 5, 8 4.5", 0},
+        {2, 4, "1 5, 2 5, 4 5, 8 5.5", 2},
+        {1, 19, "1 8, 2 9", 4},
+        {1, 19, "1 8, 2 9, 16 1", 1},
+        {2, 6, box, 12},
+        {2, 6, box + ", 51 -1, 52 -1", 12},
+        {2, 6, tapered + ", 51 -1", 16},
+        {2, 6, tapered + ", 51 -1, 54 1", 16},
     };
     for (const auto &row : rows)
         EXPECT_EQ(textured_faces(row.version, row.type, row.cells).size(), row.count)
@@ -112,29 +112,29 @@ TEST(Structure, MovesTheCornersThatItsCellsName)
         const char *side, *level;
         Point3 move;
     } rows[] = {
-        {"21 5003, 23 0",                         "back",  "",      {0, 0, 3} },
-        {"21 5003, 23 1",                         "front", "",      {0, 0, 3} },
-        {"21 4996, 23 2",                         "right", "",      {0, 0, -4}},
-        {"21 5003, 23 3",                         "left",  "",      {0, 0, 3} },
-        {"22 4, 24 0",                            "back",  "lower", {0, 4, 0} },
-        {"22 4, 24 1",                            "front", "lower", {0, -4, 0}},
-        {"22 4, 24 2",                            "right", "lower", {4, 0, 0} },
-        {"22 4, 24 3",                            "left",  "lower", {-4, 0, 0}},
-        {"34 6, 35 0",                            "back",  "upper", {0, 0, 6} },
-        {"34 6, 35 1",                            "front", "upper", {0, 0, 6} },
-        {"34 6, 35 2",                            "right", "upper", {0, 0, 6} },
-        {"34 6, 35 3",                            "left",  "upper", {0, 0, 6} },
-        {"32 2, 33 -3",                           "all",   "upper", {2, -3, 0}},
-        {"10 4",                                  "front", "",      {-4, 0, 0}},
-        {"10 4, 11 1",                            "back",  "",      {-4, 0, 0}},
-        {"10 4, 11 1, 12 1",                      "back",  "",      {4, 0, 0} },
-        {"10 4, 12 1",                            "front", "",      {4, 0, 0} },
-        {"10 -4, 12 1",                           "",      "",      {0, 0, 0} },
-        {"14 3",                                  "left",  "",      {0, 3, 0} },
-        {"14 3, 16 1",                            "left",  "",      {0, -3, 0}},
-        {"15 3",                                  "right", "",      {0, 3, 0} },
-        {"15 3, 17 1",                            "right", "",      {0, -3, 0}},
-        {"21 5003, 23 4, 22 4, 24 4, 34 6, 35 4", "",      "",      {0, 0, 0} },
+        {"21 5003, 23 0", "back", "", {0, 0, 3}},
+        {"21 5003, 23 1", "front", "", {0, 0, 3}},
+        {"21 4996, 23 2", "right", "", {0, 0, -4}},
+        {"21 5003, 23 3", "left", "", {0, 0, 3}},
+        {"22 4, 24 0", "back", "lower", {0, 4, 0}},
+        {"22 4, 24 1", "front", "lower", {0, -4, 0}},
+        {"22 4, 24 2", "right", "lower", {4, 0, 0}},
+        {"22 4, 24 3", "left", "lower", {-4, 0, 0}},
+        {"34 6, 35 0", "back", "upper", {0, 0, 6}},
+        {"34 6, 35 1", "front", "upper", {0, 0, 6}},
+        {"34 6, 35 2", "right", "upper", {0, 0, 6}},
+        {"34 6, 35 3", "left", "upper", {0, 0, 6}},
+        {"32 2, 33 -3", "all", "upper", {2, -3, 0}},
+        {"10 4", "front", "", {-4, 0, 0}},
+        {"10 4, 11 1", "back", "", {-4, 0, 0}},
+        {"10 4, 11 1, 12 1", "back", "", {4, 0, 0}},
+        {"10 4, 12 1", "front", "", {4, 0, 0}},
+        {"10 -4, 12 1", "", "", {0, 0, 0}},
+        {"14 3", "left", "", {0, 3, 0}},
+        {"14 3, 16 1", "left", "", {0, -3, 0}},
+        {"15 3", "right", "", {0, 3, 0}},
+        {"15 3, 17 1", "right", "", {0, -3, 0}},
+        {"21 5003, 23 4, 22 4, 24 4, 34 6, 35 4", "", "", {0, 0, 0}},
     };
     const Faces before = textured_faces(2, 6, box);
     for (const auto &row : rows) {
@@ -152,12 +152,10 @@ TEST(Structure, CutsAStraightSideIntoARectangleAndTwoTriangles)
     const struct {
         const char *cell, *first_end; // where the first triangle lies as seen from the middle
         int t, s, inside_t, inside_s;
-    } walls[] = {
-        {"51", "left",  1, 1,  7,  25},
-        {"52", "front", 4, 13, 10, 37},
-        {"53", "right", 2, 5,  8,  29},
-        {"54", "back",  3, 9,  9,  33}
-    };
+    } walls[] = {{"51", "left", 1, 1, 7, 25},
+                 {"52", "front", 4, 13, 10, 37},
+                 {"53", "right", 2, 5, 8, 29},
+                 {"54", "back", 3, 9, 9, 33}};
     const auto slots_of = [](const DrawnFace &face) {
         std::string text;
         for (const int slot : face.position_slots())
@@ -194,18 +192,8 @@ TEST(Structure, AnnouncesAntennasAfterTheFeetOfStraightSides)
 {
     Design design;
     design.object(6).line("\\1300007255016").point(52, 2010, 1990).point(54, 1, 1).line("V1.2");
-    design.params({
-        {1,  20  },
-        {5,  10  },
-        {9,  20  },
-        {21, 5000},
-        {37, -1  },
-        {38, 1   },
-        {39, -1  },
-        {47, 30  },
-        {51, -1  },
-        {58, 5   }
-    });
+    design.params(
+        {{1, 20}, {5, 10}, {9, 20}, {21, 5000}, {37, -1}, {38, 1}, {39, -1}, {47, 30}, {51, -1}, {58, 5}});
     const std::vector<std::string> expected = {"Dbx( 2E 00 07 EF FF 10 )  ; Antenna's", "MoveToPt(  10 )",
                                                "DrawToPt(  11 )", "MoveToPt(  12 )", "DrawToPt(  13 )"};
     EXPECT_EQ(convert(design).body(), expected);
@@ -220,9 +208,7 @@ TEST(Lights, StandOnTheUpperCornersAndTheUpperRing)
         int cell = 0;
         double value = 0;
         for (char comma = 0; list >> cell >> value; list >> comma)
-            design.params({
-                {cell, value}
-            });
+            design.params({{cell, value}});
         return convert(design).body();
     };
     const std::vector<std::string> on_box = {"glColor3ub( 001, 022, 133 ); ",
@@ -258,12 +244,12 @@ TEST(Sign, StandsOnItsSideOrLies)
         const char *box, *first, *second, *narrow; // the narrow edge lies on top or behind
     } rows[] = {
         {1, "-2..3 -6..-6 1..5", "0-0 +0- t01 4 3 2 1", "0+0 -0- t02 8 7 6 5", "-1..2 -6..-6 5..5"},
-        {2, "6..6 -2..3 1..5",   "+00 0+- t01 4 3 2 1", "-00 0-- t02 8 7 6 5", "6..6 -1..2 5..5"  },
-        {3, "-2..3 6..6 1..5",   "0+0 -0- t01 4 3 2 1", "0-0 +0- t02 8 7 6 5", "-1..2 6..6 5..5"  },
+        {2, "6..6 -2..3 1..5", "+00 0+- t01 4 3 2 1", "-00 0-- t02 8 7 6 5", "6..6 -1..2 5..5"},
+        {3, "-2..3 6..6 1..5", "0+0 -0- t01 4 3 2 1", "0-0 +0- t02 8 7 6 5", "-1..2 6..6 5..5"},
         {4, "-6..-6 -2..3 1..5", "-00 0-- t01 4 3 2 1", "+00 0+- t02 8 7 6 5", "-6..-6 -1..2 5..5"},
-        {5, "-2..3 -2..2 7..7",  "00- --0 t02 8 7 6 5", "00+ +-0 t01 4 3 2 1", "-1..2 2..2 7..7"  },
-        {6, "-2..3 -2..2 7..7",  "00+ +-0 t02 8 7 6 5", "00- --0 t01 4 3 2 1", "-1..2 2..2 7..7"  },
-        {7, "-2..3 -2..2 7..7",  "00+ +-0 t01 4 3 2 1", "00- --0 t02 8 7 6 5", "-1..2 2..2 7..7"  },
+        {5, "-2..3 -2..2 7..7", "00- --0 t02 8 7 6 5", "00+ +-0 t01 4 3 2 1", "-1..2 2..2 7..7"},
+        {6, "-2..3 -2..2 7..7", "00+ +-0 t02 8 7 6 5", "00- --0 t01 4 3 2 1", "-1..2 2..2 7..7"},
+        {7, "-2..3 -2..2 7..7", "00+ +-0 t01 4 3 2 1", "00- --0 t02 8 7 6 5", "-1..2 2..2 7..7"},
     };
     for (const auto &row : rows) {
         const Faces all =
@@ -285,15 +271,13 @@ TEST(Sign, TiltsOneEdgeInModeFive)
     const struct {
         const char *cells, *edge;
         double rise;
-    } rows[] = {
-        {"8 5, 19 2, 20 0",       "back",  2 },
-        {"8 5, 19 2, 20 1",       "front", 2 },
-        {"8 5, 19 2, 20 2",       "right", 2 },
-        {"8 5, 19 2, 20 3",       "left",  2 },
-        {"8 5, 19 2, 20 3, 21 1", "left",  -2},
-        {"8 5, 19 2, 20 4",       "",      0 },
-        {"8 5, 19 -2, 20 0",      "",      0 }
-    };
+    } rows[] = {{"8 5, 19 2, 20 0", "back", 2},
+                {"8 5, 19 2, 20 1", "front", 2},
+                {"8 5, 19 2, 20 2", "right", 2},
+                {"8 5, 19 2, 20 3", "left", 2},
+                {"8 5, 19 2, 20 3, 21 1", "left", -2},
+                {"8 5, 19 2, 20 4", "", 0},
+                {"8 5, 19 -2, 20 0", "", 0}};
     const Faces before = textured_faces(2, 4, "1 8, 2 6, 3 5, 4 6, 8 5");
     for (const auto &row : rows)
         expect_moved(before, textured_faces(2, 4, std::string("1 8, 2 6, 3 5, 4 6, ") + row.cells),
@@ -308,16 +292,14 @@ TEST(UprightOutline, IsShiftedAndLifted)
     const struct {
         const char *cells, *side;
         Point3 move;
-    } rows[] = {
-        {"16 3, 18 0", "front", {-3, 0, 0}},
-        {"16 3, 18 1", "front", {3, 0, 0} },
-        {"16 3, 18 2", "back",  {-3, 0, 0}},
-        {"16 3, 18 3", "back",  {3, 0, 0} },
-        {"16 3, 18 4", "",      {}        },
-        {"17 4, 18 4", "front", {0, 0, 4} },
-        {"17 4, 19 1", "back",  {0, 0, 4} },
-        {"17 4, 19 2", "",      {}        }
-    };
+    } rows[] = {{"16 3, 18 0", "front", {-3, 0, 0}},
+                {"16 3, 18 1", "front", {3, 0, 0}},
+                {"16 3, 18 2", "back", {-3, 0, 0}},
+                {"16 3, 18 3", "back", {3, 0, 0}},
+                {"16 3, 18 4", "", {}},
+                {"17 4, 18 4", "front", {0, 0, 4}},
+                {"17 4, 19 1", "back", {0, 0, 4}},
+                {"17 4, 19 2", "", {}}};
     for (const std::string &outline : {square, square_turned})
         for (const char *caps : {"4 0, ", "4 1, "}) {
             const Prism board{outline, outline, "123 134"};
@@ -356,18 +338,9 @@ TEST(TriangleCaps, SkipWhatNamesNoCorner)
         int type, corners;
         const char *attribute;
         std::size_t drawn;
-    } rows[] = {
-        {18, 4,  "134", 1},
-        {18, 4,  "13",  0},
-        {18, 4,  "135", 0},
-        {18, 20, "1JK", 1},
-        {18, 20, "1jk", 0},
-        {18, 20, "1IL", 0},
-        {5,  10, "19A", 1},
-        {5,  10, "19a", 0},
-        {5,  9,  "19A", 0},
-        {5,  10, "01B", 0}
-    };
+    } rows[] = {{18, 4, "134", 1},  {18, 4, "13", 0},   {18, 4, "135", 0}, {18, 20, "1JK", 1},
+                {18, 20, "1jk", 0}, {18, 20, "1IL", 0}, {5, 10, "19A", 1}, {5, 10, "19a", 0},
+                {5, 9, "19A", 0},   {5, 10, "01B", 0}};
     for (const auto &row : rows) {
         const Faces all = textured_faces(2, row.type, "2 5, 4 1, 11 " + std::to_string(row.corners),
                                          {outline, "", row.attribute});
@@ -382,30 +355,13 @@ TEST(ViewSide, OfSignConeFlagAndStructureBottomIsWhatTheKindBeforeLeft)
     const struct {
         int type;
         char side; // what it leaves, ' ' when it leaves all as it is
-    } kinds[] = {
-        {23, 'O'},
-        {6,  'O'},
-        {7,  'I'},
-        {9,  'I'},
-        {5,  'O'},
-        {18, 'O'},
-        {12, 'O'},
-        {19, ' '},
-        {22, ' '},
-        {20, ' '}
-    };
+    } kinds[] = {{23, 'O'}, {6, 'O'},  {7, 'I'},  {9, 'I'},  {5, 'O'},
+                 {18, 'O'}, {12, 'O'}, {19, ' '}, {22, ' '}, {20, ' '}};
     for (const int type : {4, 11, 13, 6})
         for (const auto &kind : kinds) {
             Design design;
             design.object(7).object(kind.type).object(type).textured(1, 12, "t12");
-            design.params({
-                {1,  8   },
-                {2,  8   },
-                {4,  8   },
-                {8,  1   },
-                {9,  8   },
-                {21, 5000}
-            });
+            design.params({{1, 8}, {2, 8}, {4, 8}, {8, 1}, {9, 8}, {21, 5000}});
             const Faces all = faces(convert(design));
             ASSERT_FALSE(all.empty());
             EXPECT_EQ(all[0].side, kind.side == ' ' ? 'I' : kind.side) << type << " after " << kind.type;
@@ -419,17 +375,8 @@ TEST(VertexTable, KeepsRowsForKindsThatNameMoreThanTheyRecord)
 {
     const auto after = [](double height, double diameter, const Design &object) {
         Design design(object.version());
-        design.object(object.version() == 1 ? 15 : 12)
-            .params({
-                {1, height  },
-                {3, height  },
-                {9, diameter}
-        });
-        return faces(convert(design
-                                 .params({
-                                     {20, 4}
-        })
-                                 .line(object.text())));
+        design.object(object.version() == 1 ? 15 : 12).params({{1, height}, {3, height}, {9, diameter}});
+        return faces(convert(design.params({{20, 4}}).line(object.text())));
     };
     // Two corners: the third point of the turn test is missing.
     const Design two = textured_design(2, 18, "2 5, 11 2", {"0 0, 10 0", "0 0, 10 0"});
@@ -438,9 +385,7 @@ TEST(VertexTable, KeepsRowsForKindsThatNameMoreThanTheyRecord)
     const Design wheel = textured_design(2, 19, "1 90, 2 40, 3 20, 4 5, 11 14");
     // The first point starts no run, so that the last number of the fan is one too high.
     Design beam(1);
-    beam.object(2).params({
-        {2, 3}
-    });
+    beam.object(2).params({{2, 3}});
     for (int i = 1; i <= 3; ++i)
         beam.point(i, 5000 + i, 5000 + i * i, "", "  P ");
     for (const double height : {150, 170}) {

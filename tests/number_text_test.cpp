@@ -147,11 +147,11 @@ TEST(Angles, AreRoundedOnce)
     const struct {
         double entry, value;
     } rows[] = {
-        {fncos(51),  0.6293204028498466  },
-        {fncos(62),  0.46947157908396125 },
+        {fncos(51), 0.6293204028498466},
+        {fncos(62), 0.46947157908396125},
         {fncos(104), -0.24192186555640913},
-        {fnsin(0),   0                   },
-        {fncos(0),   1                   },
+        {fnsin(0), 0},
+        {fncos(0), 1},
     };
     for (const auto &[entry, value] : rows)
         EXPECT_EQ(entry, value);

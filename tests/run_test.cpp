@@ -144,6 +144,10 @@ TEST(Run, DrawsAnInstanceAtItsOwnPlace)
         EXPECT_EQ(drawn(same), copied) << same;
     for (const std::string other : {"00", ".9", "02", "03", "70", "71", "-1", "x1"})
         EXPECT_EQ(drawn(other), plain) << other;
+    std::string last = "A11\nP01 8\nP02 9\nK02Y\nF02tile\n", between;
+    for (int k = 2; k <= 69; ++k)
+        between += "A0\n";
+    EXPECT_EQ(polygons(convert(given(2, "A3\nK3070\n" + between + last))).size(), 2u);
 }
 
 // A square prism of one unit's height; "Y" textures its lower or its upper cap, which are n-gons.
@@ -209,6 +213,7 @@ TEST(Run, KeepsItsStateBetweenObjectsButNotBetweenRuns)
     // A flag has no sides of its own; a cylinder ends with its inside.
     const std::string flag = "A13\nP01 4\nP02 4\nK01Y\nF01flag\n", cylinder = "A7\nP02 1\n";
     const std::string broken = cylinder + "P31 1\nP04 1e5"; // stops while it copies its points
+    const std::string wide = "A13\nP01 1e5";                // has no room in such a copy
     const auto colour_of = [](const std::string &design) {
         const Converted converted = convert(given(2, design));
         for (const std::string &line : converted.lines())
@@ -219,7 +224,8 @@ TEST(Run, KeepsItsStateBetweenObjectsButNotBetweenRuns)
     for (int time = 0; time < 2; ++time) {
         EXPECT_EQ(colour_of(flag), "glColor3ub(200, 100, 050 ); ");
         EXPECT_EQ(colour_of(cylinder + flag), "glColor3ub( 050, 100, 200 ); ");
-        EXPECT_FALSE(convert(given(1, "A12\nP04 1e5")).error); // the copies are made on demand
+        EXPECT_EQ(polygons(convert(given(2, cylinder + flag))), polygons(convert(given(2, flag))));
+        EXPECT_FALSE(convert(given(2, wide)).error);
         EXPECT_STREQ(convert(given(2, broken)).error->what(),
                      "object 1 \"\" (type 7, save_cylinder): coordinate 50000 is outside -32768 to 32767");
     }

@@ -42,299 +42,6 @@ Design member(Design design, std::initializer_list<std::tuple<int, int, const ch
 
 } // namespace
 
-TEST(Tower, DrawsItsMembersAsLinesAndAsCommands)
-{
-    Design tower;
-    tower.object(22)
-        .params({
-            {1,  5  },
-            {2,  80 },
-            {58, 100}
-    })
-        .line("K024");
-    EXPECT_EQ(body_of(member(tower,
-                             {
-                                 {-10, 20, " 2", "YSYH"},
-                                 {10,  20, "2",  "Y  H"},
-                                 {10,  40, "99", "YS H"},
-                                 {-10, 40, "11", "Y  H"},
-                                 {-7,  0,  "1",  "YS V"},
-                                 {-7,  50, "0",  " SYV"},
-                                 {4,   60, "x",  "   V"},
-                                 {4,   70, "3",  " S V"},
-                                 {9,   9,  "9",  "YYYX"}
-    })),
-              R"(TransformCall( :Vangle01 5 0 0 0 0  10  0 0 0 )    ; Rotate Vertical entire structure
-glBegin( GL_LINES ); 
-glColor3ub( 002, 002, 002 ); 
-      glVertex3d( 3, -10, 120 );
-      glVertex3d( -2, -10, 120 );
-      glVertex3d( 3, 10, 120 );
-      glVertex3d( -2, 10, 120 );
-glColor3ub( 011, 011, 011 ); 
-MoveToPt(  4 )
-glColor3ub( 011, 011, 011 ); 
-MoveToPt(  5 )
-      glVertex3d( 3, 10, 140 );
-      glVertex3d( -2, 10, 140 );
-      glVertex3d( 3, -10, 140 );
-      glVertex3d( -2, -10, 140 );
-glEnd();
-; Draw Horizontal structures
-    Call( :tower01 )    ; Horizontal structure 1
-    TransformCall( :tower01 5 0 0 0 0 0 0 0 0 )    ; Horizontal structure 2
-Jump( :towerH01 )
-:tower01
-Dbx( 2E 00 2 EF 2 2 )  
-MoveToPt(  0 )
-DrawToPt(  1 )
-Dbx( 2E 00 1 EF 1 1 )  
-DrawToPt(  2 )
-MoveToPt(  2 )
-DrawToPt(  3 )
-Dbx( 2E 00 B EF B B )  
-MoveToPt(  3 )
-DrawToPt(  3 )
-Return
-:towerH01
-    Call( :towerV01 )    ; Vertical structure 1
-    TransformCall( :towerV01 0 0 0 0 0 0 0  90 0 )    ; Vertical structure 2
-    TransformCall( :towerV01 0 0 0 0 0 0 0 180 0 )    ; Vertical structure 3
-    TransformCall( :towerV01 0 0 0 0 0 0 0 270 0 )    ; Vertical structure 4
-Jump( :towerL01 )
-:towerV01
-Dbx( 2E 00 1 EF 1 1 )  
-MoveToPt(  0 )
-Dbx( 2E 00 1 EF 1 1 )  
-DrawToPt(  0 )
-MoveToPt(  1 )
-DrawToPt(  2 )
-Dbx( 2E 00 1 EF 1 1 )  
-MoveToPt(  2 )
-DrawToPt(  2 )
-Dbx( 2E 00 3 EF 3 3 )  
-DrawToPt(  2 )
-MoveToPt(  3 )
-Return
-:towerL01
-IfVarAnd( :lights01 28c 4 )
-Dbx( 2E 00 4 EF 4 4 )  
-Dot( -2 120 -10 )
-Dot( 3 120 -10 )
-Dot( 7 150 -7 )
-Dot( -2 109 9 )
-Dot( 3 109 9 )
-:lights01
-)");
-}
-
-TEST(Tower, WithoutWidthHasNoTransforms)
-{
-    Design tower;
-    tower.object(22).params({
-        {2,  100},
-        {58, -3 }
-    });
-    EXPECT_EQ(body_of(member(tower,
-                             {
-                                 {-1, 2, "60", "   H"},
-                                 {1,  2, "60", "  YH"},
-                                 {-5, 7, "61", "  YV"}
-    })),
-              R"(TransformCall( :Vangle01 0 0 0 0 0 -10  0 0 0 )    ; Rotate Vertical entire structure
-; Draw Horizontal structures
-Dbx( 2E 00 3C EF 3C 3C )  
-MoveToPt(  0 )
-DrawToPt(  1 )
-IfVarAnd( :lights01 28c 4 )
-Dbx( 2E 00 1 EF 1 1 )  
-Dot( 0 -1 1 )
-Dot( 5 4 -5 )
-:lights01
-)");
-    tower = Design(1);
-    tower.object(7).params({
-        {2, 90  },
-        {1, -2.5}
-    });
-    EXPECT_EQ(body_of(member(tower,
-                             {
-                                 {-1, 2, "5", "   V"},
-                                 {1,  2, "5", "   V"}
-    })),
-              R"(    Call( :towerV01 )    ; Vertical structure 1
-:towerV01
-Dbx( 2E 00 5 EF 5 5 )  
-MoveToPt(  0 )
-DrawToPt(  1 )
-)");
-    EXPECT_EQ(body_of(member(tower,
-                             {
-                                 {-1, 2, "5", "YSYH"}
-    })),
-              "");
-}
-
-TEST(Road, DrawsItsProfileAndSurfaces)
-{
-    Design road;
-    road.object(21).params({
-        {1,  21 },
-        {2,  9  },
-        {38, 11 },
-        {39, 7  },
-        {54, 8  },
-        {57, 6  },
-        {58, 2  },
-        {11, 1.5},
-        {12, 2.5},
-        {13, 3  },
-        {14, 4  },
-        {15, 5  },
-        {16, 6  },
-        {17, 7  },
-        {18, 8  }
-    });
-    road = member(road, {
-                            {0,  10, "61", "Y" },
-                            {50, 20, "",   " S"},
-                            {70, -9, "",   "Y" }
-    });
-    EXPECT_EQ(body_of(Design(road).params({
-                  {31, 3}
-    })),
-              R"(glColor3ub( 001, 001, 001 ); 
-glBegin( GL_LINES ); 
-      glVertex3d( -4, 0, 12 ) ;
-      glVertex3d( 5, 0, 12 ) ;
-      glVertex3d( -4, 70, -7 ) ;
-      glVertex3d( 5, 70, -7 ) ;
-      glVertex3d( -4, 50, 22 ) ;
-      glVertex3d( -4, 70, -7 ) ;
-      glVertex3d( 5, 50, 22 ) ;
-      glVertex3d( 5, 70, -7 ) ;
-glEnd();
-)");
-    const std::string without = body_of(road);
-    EXPECT_TRUE(
-        without.ends_with(") ;\nglEnd();\nglEnd();\nglEnd();\nglEnd();\nglEnd();\nglEnd();\nglEnd();\n"));
-
-    const Faces all = faces(convert(road.textured(1, 1, "up").textured(2, 2, "down")));
-    const char *boxes[] = {"-4..5 -22..-11 0..8", "-4..5 10..17 0..10", "-4..5 -11..10 6..10"};
-    ASSERT_EQ(all.size(), 6u);
-    for (std::size_t i = 0; i < 6; ++i) {
-        EXPECT_EQ(all[i].texture, i % 2 == 0 ? "down" : "up");
-        EXPECT_EQ(signs(area_vector(all[i])).back(), i % 2 == 0 ? '-' : '+');
-        EXPECT_EQ(all[i].normal, (std::vector{
-                                     Point3{0, 0, i % 2 == 0 ? -1. : 1.}
-        }));
-        EXPECT_EQ(box_text({all[i]}), boxes[i / 2]);
-        for (const Corner3 &corner : all[i].corners) {
-            const bool is_left = corner.at.x < 0, is_end = corner.at.y == extents({all[i]}).second.y;
-            EXPECT_NEAR(corner.u, (is_left ? 1 : 3) + (i % 2 == 0 ? 4 : 0), 0.01);
-            EXPECT_NEAR(corner.v, (is_end ? 2 : 4) + (i % 2 == 0 ? 4 : 0), 0.01);
-            const double height = corner.at.z - (is_left ? 0 : 2), ends[][2] = {
-                                                                       {0, 6},
-                                                                       {8, 0},
-                                                                       {8, 6}
-            };
-            EXPECT_EQ(height, ends[i / 2][is_end]);
-        }
-    }
-    EXPECT_EQ(faces(convert(road.params({
-                        {38, 0 },
-                        {39, -1}
-    })))
-                  .size(),
-              2u);
-    EXPECT_EQ(faces(convert(road.params({
-                        {2, 0}
-    })))
-                  .size(),
-              0u);
-}
-
-TEST(Fence, JoinsRailPointsAndSetsPosts)
-{
-    Design fence;
-    fence.object(20)
-        .params({
-            {1,  4 },
-            {58, 10}
-    })
-        .line("K0107")
-        .point(0, 4990, 5000);
-    const std::string expected = R"(glColor3ub( 007, 007, 007 ); 
-glBegin( GL_LINES ); 
-      glVertex3d( -10, 0, 14 );
-      glVertex3d( 1, 2, 14 );
-      glVertex3d( 3, 4, 14 );
-      glVertex3d( 5, 6, 14 );
-      glVertex3d( 3, 4, 10 );
-      glVertex3d( 3, 4, 14 );
-glEnd();
-)";
-    const auto with_points = [](Design design) {
-        return body_of(member(
-            design, {
-                        {1, 2, "", "   L"},
-                        {3, 4, "", "   P"},
-                        {5, 6, "", "   L"},
-                        {7, 8, "", " S L"}
-        }));
-    };
-    // The first point of a file counts, too.
-    EXPECT_EQ(with_points(fence).substr(0, expected.size() - 9), expected.substr(0, expected.size() - 9));
-    for (const int type : {20, 21, 23}) {
-        Design version1(1);
-        version1.object(type)
-            .params({
-                {1,  4 },
-                {58, 10}
-        })
-            .line("K0107")
-            .point(0, 4990, 5000);
-        EXPECT_EQ(with_points(version1), with_points(fence));
-    }
-    EXPECT_EQ(body_of(Design().object(20)), "");
-}
-
-TEST(Panel, IsAPoleWithAPennantIfWanted)
-{
-    Design panel(1);
-    panel.object(9)
-        .params({
-            {1,  60 },
-            {2,  41 },
-            {3,  100},
-            {58, -5 }
-    })
-        .line("\\02xx001022133");
-    EXPECT_EQ(body_of(panel), R"(glColor3ub( 192, 192, 192 ); 
-glBegin( GL_LINES ); 
-      glVertex3d( 0, 0, -5 );
-      glVertex3d( 0, 0, 136 );
-glEnd();
-)");
-    EXPECT_EQ(body_of(panel.line("K01 x")), R"(glColor3ub( 192, 192, 192 ); 
-glBegin( GL_LINES ); 
-      glVertex3d( 0, 0, -5 );
-      glVertex3d( 0, 0, 136 );
-glEnd();
-glColor3ub( 001, 022, 133 ) ;  
-glBegin( GL_POLYGON );
-      glVertex3d( 0, 0, 136 );
-      glVertex3d( 60, 0, 115 );
-      glVertex3d( 0, 0, 95 );
-glEnd();
-glBegin( GL_POLYGON );
-      glVertex3d( 0, 0, 95 );
-      glVertex3d( 60, 0, 115 );
-      glVertex3d( 0, 0, 136 );
-glEnd();
-)");
-}
-
 TEST(Beam, DrawsEachRunAsAFanSeenFromBothSides)
 {
     const struct {
@@ -342,32 +49,24 @@ TEST(Beam, DrawsEachRunAsAFanSeenFromBothSides)
         const char *second_start, *last, *box;
         std::size_t count; // of the triangles, each seen from both sides
     } rows[] = {
-        {false, false, " SP ", "  P ", "-50..9 0..9 24..27",  5 },
-        {false, false, " SPV", "  P ", "-50..9 0..9 24..27",  4 },
-        {false, false, " SPV", "  PV", "-50..9 0..9 24..27",  3 },
-        {true,  false, " SP ", "  P ", "-50..9 7..24 20..29", 5 },
-        {true,  true,  " SP ", "  P ", "-50..9 7..24 20..29", 10},
-        {false, true,  " SP ", "  P ", "-50..9 0..9 24..27",  5 },
+        {false, false, " SP ", "  P ", "-50..9 0..9 24..27", 5},
+        {false, false, " SPV", "  P ", "-50..9 0..9 24..27", 4},
+        {false, false, " SPV", "  PV", "-50..9 0..9 24..27", 3},
+        {true, false, " SP ", "  P ", "-50..9 7..24 20..29", 5},
+        {true, true, " SP ", "  P ", "-50..9 7..24 20..29", 10},
+        {false, true, " SP ", "  P ", "-50..9 0..9 24..27", 5},
     };
     for (const auto &row : rows) {
         Design beam(1);
-        beam.object(2).params({
-            {2,  3                   },
-            {5,  20                  },
-            {11, row.upright         },
-            {12, row.doubled ? -1 : 0},
-            {58, 7                   }
-        });
-        const Faces all = faces(convert(member(beam, {
-                                                         {0,   0, "", " SP "          },
-                                                         {9,   0, "", "  P "          },
-                                                         {9,   9, "", "   "           },
-                                                         {9,   9, "", "  P "          },
-                                                         {0,   9, "", "  P "          },
-                                                         {-50, 0, "", row.second_start},
-                                                         {-40, 0, "", "  P "          },
-                                                         {-40, 9, "", row.last        }
-        })));
+        beam.object(2).params({{2, 3}, {5, 20}, {11, row.upright}, {12, row.doubled ? -1 : 0}, {58, 7}});
+        const Faces all = faces(convert(member(beam, {{0, 0, "", " SP "},
+                                                      {9, 0, "", "  P "},
+                                                      {9, 9, "", "   "},
+                                                      {9, 9, "", "  P "},
+                                                      {0, 9, "", "  P "},
+                                                      {-50, 0, "", row.second_start},
+                                                      {-40, 0, "", "  P "},
+                                                      {-40, 9, "", row.last}})));
         ASSERT_EQ(all.size(), 2 * row.count);
         EXPECT_EQ(box_text(all), row.box);
         for (std::size_t i = 0; i < all.size(); i += 2) {
@@ -383,30 +82,14 @@ TEST(Beam, DrawsEachRunAsAFanSeenFromBothSides)
     }
     Design beam(1);
     beam.object(2).line("\\01xx001022133");
-    EXPECT_EQ(body_of(member(beam,
-                             {
-                                 {0, 0, "", "   V"}
-    })),
-              "");
-    EXPECT_EQ(body_of(member(beam,
-                             {
-                                 {0, 0, "", " SPV"}
-    })),
-              "glColor3ub( 001, 022, 133 );\n");
+    EXPECT_EQ(body_of(member(beam, {{0, 0, "", "   V"}})), "");
+    EXPECT_EQ(body_of(member(beam, {{0, 0, "", " SPV"}})), "glColor3ub( 001, 022, 133 );\n");
 }
 
 TEST(Mast, StacksColouredSegmentsAndIsHeldByGuyLines)
 {
     Design mast(1);
-    mast.object(6).params({
-        {1,  100},
-        {2,  50 },
-        {3,  10 },
-        {4,  20 },
-        {5,  30 },
-        {6,  9  },
-        {58, 5  }
-    });
+    mast.object(6).params({{1, 100}, {2, 50}, {3, 10}, {4, 20}, {5, 30}, {6, 9}, {58, 5}});
     for (int slot = 1; slot <= 4; ++slot)
         mast.line("\\0" + std::to_string(slot) + "xx00" + std::to_string(slot) + "022133");
     const Converted without = convert(mast);
@@ -458,15 +141,7 @@ TEST(Cylinder, HasARailingOfPostsAndOpenRails)
 {
     Design cylinder;
     cylinder.object(7)
-        .params({
-            {1,  4 },
-            {2,  50},
-            {3,  6 },
-            {4,  80},
-            {5,  40},
-            {6,  10},
-            {58, 3 }
-    })
+        .params({{1, 4}, {2, 50}, {3, 6}, {4, 80}, {5, 40}, {6, 10}, {58, 3}})
         .line("\\23xx001022133");
     const std::string railing = body_of(cylinder);
     EXPECT_TRUE(railing.starts_with("glColor3ub( 001, 022, 133 ); \nglBegin( GL_LINES ); \n"
@@ -482,15 +157,10 @@ TEST(Cylinder, HasARailingOfPostsAndOpenRails)
     EXPECT_TRUE(
         railing.ends_with("      glVertex3d( -17, -10, 59 );\n      glVertex3d( -17, 9, 59 );\nglEnd();\n"));
     EXPECT_EQ(std::count(railing.begin(), railing.end(), '\n'), 2 + 12 + 15 + 1);
-    const std::string disc = body_of(Design(cylinder).params({
-        {2, 0}
-    }));
+    const std::string disc = body_of(Design(cylinder).params({{2, 0}}));
     EXPECT_NE(disc.find("      glVertex3d( 0, 40, 9 );\n      glVertex3d( 0, 20, 19 );\n"), disc.npos);
     EXPECT_NE(disc.find(comment + "8 )\n"), disc.npos);
-    EXPECT_EQ(body_of(cylinder.params({
-                  {18, 1}
-    })),
-              "");
+    EXPECT_EQ(body_of(cylinder.params({{18, 1}})), "");
 }
 
 TEST(Rings, BeginAtTheBackAndRunClockwise)
@@ -499,10 +169,7 @@ TEST(Rings, BeginAtTheBackAndRunClockwise)
         int type;
         const char *cells;
         int first_slot, count;
-    } rows[] = {
-        {11, "1 2000, 2 600, 6 2",                       2, 10},
-        {7,  "1 300, 2 500, 3 200, 4 2000, 5 1000, 7 5", 3, 9 }
-    };
+    } rows[] = {{11, "1 2000, 2 600, 6 2", 2, 10}, {7, "1 300, 2 500, 3 200, 4 2000, 5 1000, 7 5", 3, 9}};
     for (const auto &row : rows)
         for (const DrawnFace &face : textured_faces(2, row.type, row.cells)) {
             const int i = face.slot() - row.first_slot;
@@ -544,19 +211,12 @@ TEST(BasketSphere, HangsABasketOnFourRopes)
     const struct {
         const char *selector;
         int step, points[4];
-    } rings[] = {
-        {"0", 60, {1, 2, 4, 5}  },
-        {"1", 45, {1, 3, 5, 7}  },
-        {"2", 36, {2, 3, 7, 8}  },
-        {"3", 30, {2, 4, 8, 10} },
-        {"4", 18, {4, 6, 14, 16}}
-    };
-    const Point3 corners[] = {
-        {4,  4,  8},
-        {4,  -3, 8},
-        {-3, -3, 8},
-        {-3, 4,  8}
-    };
+    } rings[] = {{"0", 60, {1, 2, 4, 5}},
+                 {"1", 45, {1, 3, 5, 7}},
+                 {"2", 36, {2, 3, 7, 8}},
+                 {"3", 30, {2, 4, 8, 10}},
+                 {"4", 18, {4, 6, 14, 16}}};
+    const Point3 corners[] = {{4, 4, 8}, {4, -3, 8}, {-3, -3, 8}, {-3, 4, 8}};
     for (const auto &ring : rings) {
         Design design = textured_design(2, 12, cells + "29 1, 20 " + ring.selector);
         const std::vector<std::string> lines = convert(design).body();
@@ -581,12 +241,7 @@ TEST(Wheel, SharesTheColumnsOfItsTextureOutByWidth)
     const Faces all = faces(convert(design));
     EXPECT_EQ(description(all[0]), "0+0 00+ t02 1051 1052 1053 1054 1055 1056 1057 1058 1059 1060 1061 1062");
     EXPECT_EQ(description(all[1]), "0-0 -0+ t03 1082 1081 1080 1079 1078 1077 1076 1075 1074 1073 1072 1071");
-    const std::map<double, double> columns = {
-        {-20, 8  },
-        {-10, 59 },
-        {10,  159},
-        {20,  210}
-    };
+    const std::map<double, double> columns = {{-20, 8}, {-10, 59}, {10, 159}, {20, 210}};
     for (std::size_t i = 2; i < all.size(); ++i)
         for (std::size_t row = 0; row < 4; ++row) {
             const Corner3 &corner = all[i].corners[row];
@@ -606,18 +261,18 @@ TEST(Pictures, StandUprightOnTheirRectangles)
         std::size_t first, count;
         const char *across; // where the picture's right edge lies
     } rows[] = {
-        {2, 13, 1,  "1 5, 2 8, 8 -1, 58 2",    "-2..3 0..0 2..10",       0, 1, "+x"},
-        {2, 13, 1,  "1 5, 2 8, 8 -1, 58 2",    "-2..3 0..0 2..10",       1, 1, "-x"},
-        {1, 19, 1,  "1 7, 2 8, 58 2",          "-3..4 0..0 2..10",       0, 2, "-x"},
-        {1, 19, 1,  "1 7, 2 8, 58 2",          "0..0 -3..4 2..10",       2, 2, "+y"},
-        {2, 2,  41, "1 10, 2 20, 3 4, 58 100", "-14..-10 0..0 100..120", 0, 1, "+x"},
-        {2, 2,  41, "1 10, 2 20, 3 4, 58 100", "10..14 0..0 100..120",   1, 1, "+x"},
-        {2, 2,  1,  "1 10, 2 20, 3 4, 58 100", "-34..-24 0..0 100..120", 2, 1, "+x"},
-        {2, 2,  1,  "1 10, 2 20, 3 4, 58 100", "-24..-14 0..0 100..120", 3, 1, "+x"},
-        {2, 2,  1,  "1 10, 2 20, 3 4, 58 100", "-10..0 0..0 100..120",   4, 1, "+x"},
-        {2, 2,  1,  "1 10, 2 20, 3 4, 58 100", "0..10 0..0 100..120",    5, 1, "+x"},
-        {2, 2,  1,  "1 10, 2 20, 3 4, 58 100", "14..24 0..0 100..120",   6, 1, "+x"},
-        {2, 2,  1,  "1 10, 2 20, 3 4, 58 100", "24..34 0..0 100..120",   7, 1, "+x"},
+        {2, 13, 1, "1 5, 2 8, 8 -1, 58 2", "-2..3 0..0 2..10", 0, 1, "+x"},
+        {2, 13, 1, "1 5, 2 8, 8 -1, 58 2", "-2..3 0..0 2..10", 1, 1, "-x"},
+        {1, 19, 1, "1 7, 2 8, 58 2", "-3..4 0..0 2..10", 0, 2, "-x"},
+        {1, 19, 1, "1 7, 2 8, 58 2", "0..0 -3..4 2..10", 2, 2, "+y"},
+        {2, 2, 41, "1 10, 2 20, 3 4, 58 100", "-14..-10 0..0 100..120", 0, 1, "+x"},
+        {2, 2, 41, "1 10, 2 20, 3 4, 58 100", "10..14 0..0 100..120", 1, 1, "+x"},
+        {2, 2, 1, "1 10, 2 20, 3 4, 58 100", "-34..-24 0..0 100..120", 2, 1, "+x"},
+        {2, 2, 1, "1 10, 2 20, 3 4, 58 100", "-24..-14 0..0 100..120", 3, 1, "+x"},
+        {2, 2, 1, "1 10, 2 20, 3 4, 58 100", "-10..0 0..0 100..120", 4, 1, "+x"},
+        {2, 2, 1, "1 10, 2 20, 3 4, 58 100", "0..10 0..0 100..120", 5, 1, "+x"},
+        {2, 2, 1, "1 10, 2 20, 3 4, 58 100", "14..24 0..0 100..120", 6, 1, "+x"},
+        {2, 2, 1, "1 10, 2 20, 3 4, 58 100", "24..34 0..0 100..120", 7, 1, "+x"},
     };
     for (const auto &row : rows) {
         const Faces all = textured_faces(row.version, row.type, row.cells);
@@ -638,13 +293,7 @@ TEST(Pictures, StandUprightOnTheirRectangles)
     EXPECT_EQ(box_text(lying), "-2..3 -3..4 2..2");
     EXPECT_EQ(signs(area_vector(lying[0])) + signs(area_vector(lying[1])), "00-00+");
     Design bare;
-    bare.object(13)
-        .params({
-            {1, 4 },
-            {2, 4 },
-            {8, -1}
-    })
-        .textured(9, 9, "t09");
+    bare.object(13).params({{1, 4}, {2, 4}, {8, -1}}).textured(9, 9, "t09");
     EXPECT_EQ(body_of(bare), "");
 }
 

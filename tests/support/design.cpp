@@ -106,9 +106,7 @@ Design &Design::point(int number, int x, int y, const std::string &code, const s
 Design &Design::at(double x, double y, double angle)
 {
     line('C' + text_of(general(x))).line('D' + text_of(general(y)));
-    return params({
-        {61, angle}
-    });
+    return params({{61, angle}});
 }
 
 Given given(int version, const std::string &design)

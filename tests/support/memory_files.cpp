@@ -73,6 +73,7 @@ std::vector<std::string> MemoryFiles::names_in(const std::string &folder)
     for (const auto &[path, content] : files)
         if (path.starts_with(prefix))
             names.push_back(path.substr(prefix.size(), path.find('/', prefix.size()) - prefix.size()));
+    std::reverse(names.begin(), names.end()); // their order must not matter
     return names;
 }
 
