@@ -11,6 +11,9 @@ endif()
 
 install(TARGETS MarlOgl RUNTIME DESTINATION ${programs} COMPONENT converter)
 install(FILES README.md DESTINATION ${documents} COMPONENT converter)
+if(NOT WIN32)
+    install(FILES packaging/lintian-overrides DESTINATION share/lintian/overrides RENAME marlogl COMPONENT converter)
+endif()
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT converter)
 # The conversions that somebody made of the examples stay where they are.
 install(DIRECTORY examples DESTINATION ${documents} COMPONENT converter

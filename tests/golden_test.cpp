@@ -51,7 +51,7 @@ TEST(Golden, ScenesConvertToTheOutputsBesideThem)
             Given given;
             given.design_path = name;
             given.design = content_of(folder.path() / name);
-            given.colour_table = colour_table();
+            given.colour_table = colour_table(61); // one more than is read
             const Converted converted = convert(given);
             EXPECT_FALSE(converted.error) << folder.path() << ": " << converted.error->what();
             const fs::path expected = folder.path() / "expected.ogl";
