@@ -11,7 +11,9 @@ endif()
 
 install(TARGETS MarlOgl RUNTIME DESTINATION ${programs} COMPONENT converter)
 install(FILES README.md DESTINATION ${documents} COMPONENT converter)
-if(NOT WIN32)
+if(WIN32)
+    install(FILES LICENSE DESTINATION ${documents} COMPONENT converter) # elsewhere the copyright file holds it
+else()
     install(FILES packaging/lintian-overrides DESTINATION share/lintian/overrides RENAME marlogl COMPONENT converter)
 endif()
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT converter)
@@ -19,26 +21,39 @@ install(DIRECTORY docs DESTINATION ${documents} COMPONENT converter)
 install(DIRECTORY examples DESTINATION ${documents} COMPONENT converter
     PATTERN *.ogl EXCLUDE PATTERN *.png EXCLUDE PATTERN tempofil.* EXCLUDE PATTERN *.py EXCLUDE)
 
-# Man pages, copyright and changelog, as Debian wants them.
-function(install_debian_files package component manual)
-    foreach(text IN ITEMS ${manual} changelog)
-        add_custom_command(OUTPUT packaging/${text}.gz
-            COMMAND gzip -9nc ${PROJECT_SOURCE_DIR}/packaging/${text} > packaging/${text}.gz
-            DEPENDS ${PROJECT_SOURCE_DIR}/packaging/${text} VERBATIM)
-    endforeach()
-    add_custom_target(${package}_texts ALL DEPENDS packaging/${manual}.gz packaging/changelog.gz)
-    install(FILES ${PROJECT_BINARY_DIR}/packaging/${manual}.gz
-        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
-    install(FILES packaging/copyright ${PROJECT_BINARY_DIR}/packaging/changelog.gz
-        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component})
-endfunction()
-
 set(CPACK_COMPONENTS_ALL converter)
 if(NOT WIN32)
+    set(manuals MarlOgl.1)
+    if(TARGET marlogl-preview)
+        list(APPEND manuals marlogl-preview.1)
+        list(APPEND CPACK_COMPONENTS_ALL preview)
+    endif()
+
+    # Compressed as Debian wants them, where gzip is at hand.
+    find_program(GZIP gzip)
+    set(texts packaging)
+    if(GZIP)
+        set(texts ${PROJECT_BINARY_DIR}/packaging)
+        set(ending .gz)
+        file(MAKE_DIRECTORY ${texts})
+        foreach(text IN ITEMS ${manuals} changelog)
+            add_custom_command(OUTPUT ${texts}/${text}.gz
+                COMMAND ${GZIP} -9nc ${PROJECT_SOURCE_DIR}/packaging/${text} > ${texts}/${text}.gz
+                DEPENDS ${PROJECT_SOURCE_DIR}/packaging/${text} VERBATIM)
+            list(APPEND compressed ${texts}/${text}.gz)
+        endforeach()
+        add_custom_target(marlogl_texts ALL DEPENDS ${compressed})
+    endif()
+
+    # Man page, copyright and changelog, where Debian wants them.
+    function(install_debian_files package component manual)
+        install(FILES ${texts}/${manual}${ending} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+        install(FILES packaging/copyright ${texts}/changelog${ending}
+            DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component})
+    endfunction()
     install_debian_files(marlogl converter MarlOgl.1)
     if(TARGET marlogl-preview)
         install_debian_files(marlogl-preview preview marlogl-preview.1)
-        list(APPEND CPACK_COMPONENTS_ALL preview)
     endif()
 endif()
 
