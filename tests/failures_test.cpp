@@ -133,8 +133,10 @@ Town\none.MRL/scene.out//- => missing file: cannot open "Town/none.MRL": there i
         expect_outcome({.design = "\n", .configuration = configuration}, expected);
     });
     MemoryFiles nothing;
-    EXPECT_STREQ(convert(nothing).error->what(),
-                 "cannot open \"program/MarlOgl.dat\": there is no such file");
+    EXPECT_STREQ(
+        convert(nothing).error->what(),
+        "there is no MarlOgl.dat (the run configuration, which names the design file and the output) "
+        "in \"program\" or in the current folder \"/home\"");
 }
 
 TEST(Failures, LeaveTheLinesThatWereWrittenBefore)

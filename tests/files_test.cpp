@@ -96,8 +96,7 @@ TEST(Paths, AreFoundByAnySpelling)
 
 TEST(Paths, OfTheProgramLeadToTheConfiguration)
 {
-    for_each_case("program/MarlOgl.dat=program|program/marlogl.DAT=program|MarlOgl.dat=.|MARLOGL.DAT=.|"
-                  "other/MarlOgl.dat=program",
+    for_each_case("program/MarlOgl.dat=program|program/marlogl.DAT=program|MarlOgl.dat=.|MARLOGL.DAT=.",
                   [](const std::string &present, const std::string &folder) {
                       MemoryFiles files;
                       files.files[present];
@@ -144,13 +143,13 @@ TEST_F(OperatingSystem, HoldsFiles)
     output->write("b\r\n");
     output->close();
     EXPECT_EQ(get("Old.txt"), "a\r\nb\r\n");
-    EXPECT_EQ(LineReader(path("old.txt")).read_line(), "a");
+    EXPECT_EQ(LineReader(path("Old.txt")).read_line(), "a");
 
     std::filesystem::create_hard_link(path("Old.txt"), path("link"));
     put("other", "");
-    EXPECT_TRUE(files.same_file(path("Old.txt"), path("link")));
-    EXPECT_FALSE(files.same_file(path("Old.txt"), path("other")));
-    EXPECT_FALSE(files.same_file(path("none"), path("none")));
+    EXPECT_EQ(files.identity(path("Old.txt")), files.identity(path("link")));
+    EXPECT_NE(files.identity(path("Old.txt")), files.identity(path("other")));
+    EXPECT_EQ(files.identity(path("none")), "");
     std::vector<std::string> names = files.names_in(folder);
     std::sort(names.begin(), names.end());
     EXPECT_EQ(names, (std::vector<std::string>{"Old.txt", "link", "other"}));
@@ -188,15 +187,38 @@ TEST_F(OperatingSystem, CutsAFileAfterTheLastWholeLineThatItTakes)
 }
 
 // The program itself: copied, so that nothing but the test's own files lies beside it.
-TEST_F(OperatingSystem, RunsTheProgram)
+class Program : public OperatingSystem {
+  protected:
+    Program()
+    {
+        std::filesystem::create_directories(path("program"));
+        std::filesystem::copy_file(MARLOGL_PROGRAM, path("program/MarlOgl"));
+        put("bad.mr2", "J15\r\nP62\r\n");
+        put("good.mr2", "J15\r\n");
+    }
+
+    // Runs a command of the shell; exit status, first line of standard output, standard error, lines of the
+    // output. The test's folder stands as "$PWD".
+    std::string run(const std::string &command)
+    {
+        const int status = std::system(
+            ("cd " + folder + "; PATH=program:$PATH FULL=/dev/full; { " + command + "; } >out 2>err")
+                .c_str());
+        const auto first_line = [&](const std::string &name) {
+            std::string line = get(name).substr(0, get(name).find('\n'));
+            for (std::size_t at; (at = line.find(folder)) != line.npos;)
+                line.replace(at, folder.size(), "$PWD");
+            return line;
+        };
+        const std::string written = get("scene.ogl");
+        return std::to_string(WEXITSTATUS(status)) + '|' + first_line("out") + '|' + first_line("err") + '|' +
+               std::to_string(std::count(written.begin(), written.end(), '\n'));
+    }
+};
+
+TEST_F(Program, TellsWhatItDid)
 {
-    std::filesystem::create_directories(path("program"));
-    std::filesystem::copy_file(MARLOGL_PROGRAM, path("program/MarlOgl"));
     put("program/MarlOgl.dat", "Scene.mr2\r\nscene.out\r\n200100050\r\n050100200\r\n");
-    put("bad.mr2", "J15\r\nP62\r\n");
-    put("good.mr2", "J15\r\n");
-    // A command of the shell; exit status, first line of standard output, standard error, lines of the
-    // output.
     for_each_line(
         R"(
 MarlOgl => 1||MarlOgl: cannot open "Scene.mr2": there is no such file|0
@@ -215,17 +237,24 @@ rm scene.ogl; ln -s scene.MR2 scene.ogl; MarlOgl
     => 1||MarlOgl: the output file "scene.ogl" is the design file itself|1
 )",
         [this](const std::string &command, const std::string &expected) {
-            const auto first_line = [](const std::string &text) { return text.substr(0, text.find('\n')); };
-            const int status = std::system(
-                ("cd " + folder + "; PATH=program:$PATH FULL=/dev/full; { " + command + "; } >out 2>err")
-                    .c_str());
-            const std::string written = get("scene.ogl");
-            EXPECT_EQ(std::to_string(WEXITSTATUS(status)) + '|' + first_line(get("out")) + '|' +
-                          first_line(get("err")) + '|' +
-                          std::to_string(std::count(written.begin(), written.end(), '\n')),
-                      expected)
-                << command;
+            EXPECT_EQ(run(command), expected) << command;
         });
+}
+
+TEST_F(Program, TellsWhatItsConfigurationCannotMean)
+{
+    const std::string missing = "1||MarlOgl: there is no MarlOgl.dat (the run configuration, which names the "
+                                "design file and the output) ";
+    EXPECT_EQ(run("MarlOgl"), missing + "in \"$PWD/program\" or in the current folder \"$PWD\"|0");
+    EXPECT_EQ(run("cd program; ./MarlOgl"),
+              missing + "beside the program, in the current folder \"$PWD/program\"|0");
+    put("MARLOGL.dat", "good.mr2\nscene.out\nwhite\n000000000 \n");
+    EXPECT_EQ(run("MarlOgl"), "0||MarlOgl: warning: ./MARLOGL.dat: line 3: the colour \"white\" is not nine "
+                              "digits; line 4: the colour \"000000000 \" is not nine digits|9");
+    put("program/MarlOgl.dat", "scene.ogl\nscene.out\n\n\n");
+    EXPECT_EQ(run("MarlOgl"), "1||MarlOgl: the output file \"scene.ogl\" is the design file itself|9");
+    EXPECT_EQ(run("rm scene.ogl; MarlOgl"), "0||MarlOgl: warning: the design file \"scene.ogl\" is not "
+                                            "converted: its name ends in neither MRL nor MR2|0");
 }
 
 } // namespace

@@ -280,7 +280,7 @@ const Record *find_record(std::span<const Record> records, Line line)
 
 void read_records(Reading &reading, std::span<const Record> records)
 {
-    LineReader file(native_path(input_path));
+    LineReader file(find_file(native_path(input_path)));
     int number = 0;
     try {
         do {

@@ -8,7 +8,7 @@ namespace marlogl {
 
 std::string colour_table_path()
 {
-    return program_file("\\appl\\colors.tab");
+    return find_program_file("\\appl\\colors.tab");
 }
 
 ColourTable load_colour_table()

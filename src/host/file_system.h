@@ -47,11 +47,12 @@ class FileSystem {
     /// Errors: input_output.
     virtual void remove(const std::string &path) = 0;
 
+    /// What all paths to one existing file or folder share, and no other path has; empty when there is none.
     /// Errors: input_output, when the system can't tell.
-    virtual bool exists(const std::string &path) = 0;
+    virtual std::string identity(const std::string &path) = 0;
 
-    /// Whether both paths exist and name one file. Errors: as of exists.
-    virtual bool same_file(const std::string &a, const std::string &b) = 0;
+    /// Errors: as of identity.
+    bool exists(const std::string &path) { return !identity(path).empty(); }
 
     /// The names in a folder, in no order; none when there is no such folder or nobody may read it.
     /// Errors: input_output.
@@ -60,6 +61,9 @@ class FileSystem {
     /// The folder of the executable, without a separator at its end; "." when the system has no answer.
     /// Errors: input_output.
     virtual std::string executable_folder() = 0;
+
+    /// The current folder by its whole path; "." when the system has no answer.
+    virtual std::string current_folder() = 0;
 };
 
 /// The file system that a run works on: the operating system's, unless use_file_system named another.

@@ -1,6 +1,5 @@
 #include "host/lines.h"
 
-#include "host/paths.h"
 #include "host/run_error.h"
 
 #include <algorithm>
@@ -8,7 +7,7 @@
 
 namespace marlogl {
 
-LineReader::LineReader(const std::string &path) : path_(find_file(path)), file_(file_system().open(path_))
+LineReader::LineReader(const std::string &path) : path_(path), file_(file_system().open(path))
 {
     if (!file_)
         throw RunError(Fault::missing_file, "cannot open " + quoted_path(path) + ": there is no such file");

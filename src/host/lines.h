@@ -13,7 +13,7 @@ class LineReader {
   public:
     static constexpr std::size_t whole_line = std::numeric_limits<std::size_t>::max();
 
-    /// Opens the file that find_file finds for `path`.
+    /// Opens a file by its exact name.
     /// Errors: missing_file, input_output.
     explicit LineReader(const std::string &path);
 

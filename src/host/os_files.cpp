@@ -35,6 +35,13 @@ void check_look(const std::error_code &failed, const std::string &path)
     throw RunError(Fault::input_output, "cannot look for " + quoted_path(path) + ": " + failed.message());
 }
 
+template <typename... Numbers> std::string bytes_of(Numbers... numbers)
+{
+    std::string bytes;
+    (bytes.append(reinterpret_cast<const char *>(&numbers), sizeof numbers), ...);
+    return bytes;
+}
+
 #ifdef _WIN32
 
 using Count = unsigned int; // of read and write
@@ -69,6 +76,22 @@ int delete_file(const std::string &path)
 void cut(int descriptor, std::int64_t size)
 {
     _chsize_s(descriptor, size);
+}
+
+std::string identity_of(const std::string &path, std::error_code &failed)
+{
+    const auto share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE file = CreateFileW(native(path).c_str(), 0, share, nullptr, OPEN_EXISTING,
+                                    FILE_FLAG_BACKUP_SEMANTICS, nullptr); // of folders, too
+    BY_HANDLE_FILE_INFORMATION known;
+    if (file != INVALID_HANDLE_VALUE && GetFileInformationByHandle(file, &known) != 0) {
+        CloseHandle(file);
+        return bytes_of(known.dwVolumeSerialNumber, known.nFileIndexHigh, known.nFileIndexLow);
+    }
+    failed.assign(static_cast<int>(GetLastError()), std::system_category());
+    if (file != INVALID_HANDLE_VALUE)
+        CloseHandle(file);
+    return {};
 }
 
 void open_null_device()
@@ -120,6 +143,15 @@ int delete_file(const std::string &path)
 void cut(int descriptor, std::int64_t size)
 {
     [[maybe_unused]] const int status = ::ftruncate(descriptor, static_cast<off_t>(size));
+}
+
+std::string identity_of(const std::string &path, std::error_code &failed)
+{
+    struct stat known;
+    if (::stat(path.c_str(), &known) == 0)
+        return bytes_of(known.st_dev, known.st_ino);
+    failed.assign(errno, std::generic_category());
+    return {};
 }
 
 void open_null_device()
@@ -263,20 +295,12 @@ class SystemFiles : public FileSystem {
             fail("delete", path);
     }
 
-    bool exists(const std::string &path) override
+    std::string identity(const std::string &path) override
     {
         std::error_code failed;
-        const bool found = fs::exists(native(path), failed);
+        std::string found = identity_of(path, failed);
         check_look(failed, path);
         return found;
-    }
-
-    bool same_file(const std::string &a, const std::string &b) override
-    {
-        std::error_code failed;
-        const bool same = fs::equivalent(native(a), native(b), failed);
-        check_look(failed, a);
-        return same;
     }
 
     std::vector<std::string> names_in(const std::string &folder) override
@@ -295,6 +319,13 @@ class SystemFiles : public FileSystem {
     {
         const fs::path path = executable_path();
         return path.empty() ? "." : spelled(path.parent_path());
+    }
+
+    std::string current_folder() override
+    {
+        std::error_code failed;
+        const fs::path path = fs::current_path(failed);
+        return path.empty() ? "." : spelled(path);
     }
 };
 

@@ -2,9 +2,12 @@
 
 #include "host/file_system.h"
 #include "host/letters.h"
+#include "host/run_error.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
+#include <utility>
 
 namespace marlogl {
 
@@ -31,32 +34,67 @@ std::vector<std::string> spellings(const std::string &folder, std::string_view n
     return names;
 }
 
-// The first existing path that the spelled path `rest` leads to, else an empty text.
-std::string search(std::string_view rest)
-{
-    std::vector<std::string> found{""};
-    while (!found.empty()) {
-        const auto name = std::find_if_not(rest.begin(), rest.end(), is_separator);
-        const auto end = std::find_if(name, rest.end(), is_separator);
-        if (name == end)
-            return found.front();
-        std::vector<std::string> longer;
-        // Of two ways to one place the first is enough: with folders "a" and "A" the ways of "a/../a/.."
-        // would double at each step.
-        const auto add = [&](const std::string &path) {
-            const auto same = [&](const std::string &other) { return file_system().same_file(other, path); };
-            if (file_system().exists(path) && std::none_of(longer.begin(), longer.end(), same))
-                longer.push_back(path);
+// An existing file or folder: the path that led there, and its identity.
+struct Found {
+    std::string path, identity;
+};
+
+// Finds spelled paths, asking the file system only once what a name may mean in a folder: "a/../a/../" comes
+// by the same places again and again.
+class Search {
+  public:
+    // The first existing path that the spelled path `rest` leads to from `start`, else an empty text.
+    std::string find(const std::string &start, std::string_view rest)
+    {
+        std::vector<Found> found{
+            {start, ""}
         };
-        for (std::string &folder : found) {
-            folder.append(rest.begin(), name);
-            for (const std::string &spelling : spellings(folder, {name, end}))
-                add(folder + spelling);
+        while (!found.empty()) {
+            const auto name = std::find_if_not(rest.begin(), rest.end(), is_separator);
+            const auto end = std::find_if(name, rest.end(), is_separator);
+            if (name == end)
+                return found.front().path;
+            std::vector<Found> longer;
+            for (Found &folder : found) {
+                folder.path.append(rest.begin(), name);
+                for (const auto &[spelling, identity] : entries(folder, std::string(name, end)))
+                    // Of two ways to one place the first is enough.
+                    if (std::none_of(longer.begin(), longer.end(),
+                                     [&](const Found &other) { return other.identity == identity; }))
+                        longer.push_back({folder.path + spelling, identity});
+            }
+            found = std::move(longer);
+            rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
         }
-        found = std::move(longer);
-        rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
+        return {};
     }
-    return {};
+
+  private:
+    // What `name` may mean in a folder, by the names there.
+    const std::vector<Found> &entries(const Found &folder, const std::string &name)
+    {
+        const auto [known, is_new] = known_.try_emplace({folder.identity, name});
+        if (is_new) {
+            const bool spelled = name != "." && name != "..";
+            for (const std::string &spelling :
+                 spelled ? spellings(folder.path, name) : std::vector<std::string>{name})
+                if (std::string identity = file_system().identity(folder.path + spelling); !identity.empty())
+                    known->second.push_back({spelling, std::move(identity)});
+        }
+        return known->second;
+    }
+
+    std::map<std::pair<std::string, std::string>, std::vector<Found>> known_;
+};
+
+// The name under which `rest` exists behind `start`, which is spelled as it is.
+std::string find_file(const std::string &start, const std::string &rest)
+{
+    std::string path = start + rest;
+    if (path.empty() || file_system().exists(path))
+        return path;
+    std::string found = Search().find(start, rest);
+    return found.empty() ? path : found;
 }
 
 } // namespace
@@ -70,25 +108,36 @@ std::string native_path(std::string_view path)
 
 std::string find_file(const std::string &path)
 {
-    if (path.empty() || file_system().exists(path))
-        return path;
-    std::string found = search(path);
-    return found.empty() ? path : found;
+    return find_file("", path);
 }
 
 void locate_program()
 {
-    const auto holds_configuration = [](const std::string &folder) {
-        return file_system().exists(find_file(folder + native_path("\\MarlOgl.dat")));
-    };
-    program_directory = file_system().executable_folder();
-    if (!holds_configuration(program_directory) && holds_configuration("."))
-        program_directory = ".";
+    const std::string folders[] = {file_system().executable_folder(), "."};
+    const std::string name = native_path("\\MarlOgl.dat");
+    // Only a program without the exact name in both folders lists what is in them, which may be much.
+    for (const bool exact : {true, false})
+        for (const std::string &folder : folders)
+            if (file_system().exists(exact ? folder + name : find_file(folder, name))) {
+                program_directory = folder;
+                return;
+            }
+    const std::string beside = quoted_path(folders[0]), current = quoted_path(file_system().current_folder());
+    throw RunError(
+        Fault::missing_file,
+        "there is no MarlOgl.dat (the run configuration, which names the design file and the output) " +
+            (beside == current ? "beside the program, in the current folder " + current
+                               : "in " + beside + " or in the current folder " + current));
 }
 
 std::string program_file(std::string_view name)
 {
     return program_directory + native_path(name);
+}
+
+std::string find_program_file(std::string_view name)
+{
+    return find_file(program_directory, native_path(name));
 }
 
 } // namespace marlogl

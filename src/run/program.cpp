@@ -32,22 +32,28 @@ constexpr std::string_view no_memory = "there is not enough memory";
 
 enum Descriptor { standard_output = 1, standard_error = 2 };
 
-// Prints the one line of a failed run. It takes no memory: that may be what is missing.
-int fail(std::string_view reason)
+// Prints the one line of a run. It takes no memory: that may be what is missing.
+void tell(std::string_view text)
 {
     static char line[8192] = "MarlOgl: ";
     constexpr std::size_t start = 9, most = sizeof line - start - 1;
-    char *end = std::transform(reason.begin(), reason.begin() + std::min(reason.size(), most), line + start,
+    char *end = std::transform(text.begin(), text.begin() + std::min(text.size(), most), line + start,
                                [](unsigned char c) { return c < ' ' ? '?' : static_cast<char>(c); });
     *end++ = '\n';
     write_to(standard_error, {line, static_cast<std::size_t>(end - line)});
+}
+
+int fail(std::string_view reason)
+{
+    tell(reason);
     return 1;
 }
 
 int convert()
 {
     try {
-        Form_Load();
+        if (const std::string warning = Form_Load(); !warning.empty())
+            tell("warning: " + warning);
         return 0;
     } catch (const std::bad_alloc &) {
         return fail(no_memory);

@@ -33,28 +33,43 @@ std::string colour_components(std::string_view line)
 
 std::string configuration_path()
 {
-    return program_file("\\MarlOgl.dat");
+    return find_program_file("\\MarlOgl.dat");
 }
 
-void read_configuration()
+bool is_nine_digits(std::string_view line)
 {
+    return line.size() == 9 && line.find_first_not_of("0123456789") == line.npos;
+}
+
+// Returns what is wrong with the colours, else an empty text.
+std::string read_configuration()
+{
+    std::string warning;
     LineReader file(configuration_path());
     int number = 0;
     const auto next_line = [&] {
         ++number;
         return file.read_line();
     };
+    const auto next_colour = [&] {
+        const std::string_view line = next_line();
+        if (!is_nine_digits(line))
+            warning += (warning.empty() ? file.path() : ";") + (warning.empty() ? ": " : " ") + "line " +
+                       std::to_string(number) + ": the colour " + quoted(line) + " is not nine digits";
+        return colour_components(line);
+    };
     try {
         input_path = trimmed(next_line());
         output_path = trimmed(next_line());
-        colour_outside = colour_components(next_line());
-        colour_inside = colour_components(next_line());
+        colour_outside = next_colour();
+        colour_inside = next_colour();
     } catch (const RunError &error) {
         if (error.fault != Fault::past_end)
             throw;
         throw RunError(error.fault, file.path() + ": line " + std::to_string(number) +
                                         " is missing; the run configuration has four lines");
     }
+    return warning;
 }
 
 // The version of a design file, by the last three characters of its path; 0 when that is no design file.
@@ -73,28 +88,40 @@ void make_output_path()
     output_path.replace(output_path.size() - ending, ending, "ogl");
 }
 
+// A file of the run.
+struct RunFile {
+    const char *name;
+    std::string path, identity;
+
+    RunFile(const char *known_as, const std::string &at)
+        : name(known_as), path(at), identity(file_system().identity(at))
+    {
+    }
+};
+
 // Opening empties a file that is written, and a link may lead from it to another file of the run.
-void refuse_link(const std::string &written, const std::string &path, const std::string &other,
-                 const std::string &other_path)
+void refuse_link(const RunFile &written, const RunFile &other)
 {
-    if (file_system().same_file(path, other_path))
-        throw RunError(Fault::input_output,
-                       "the " + written + ' ' + quoted_path(path) + " is the " + other + " itself");
+    if (!written.identity.empty() && written.identity == other.identity)
+        throw RunError(Fault::input_output, std::string("the ") + written.name + ' ' +
+                                                quoted_path(written.path) + " is the " + other.name +
+                                                " itself");
 }
 
-void create_output(int version)
+void create_output()
 {
-    const std::string path = native_path(output_path), points = point_file::path();
-    for (const auto &[name, written] : {
-             std::pair("output file", path), {"temporary point file", points}
-    }) {
-        if (version != 0 && file_system().exists(written))
-            refuse_link(name, written, "design file", find_file(native_path(input_path)));
-        refuse_link(name, written, "run configuration", configuration_path());
-        refuse_link(name, written, "colour table", colour_table_path());
-    }
-    refuse_link("temporary point file", points, "output file", path);
-    open_output(path);
+    const RunFile output("output file", native_path(output_path));
+    const RunFile points("temporary point file", point_file::path());
+    const RunFile inputs[] = {
+        {"design file",       find_file(native_path(input_path))},
+        {"run configuration", configuration_path()              },
+        {"colour table",      colour_table_path()               }
+    };
+    for (const RunFile *written : {&output, &points})
+        for (const RunFile &input : inputs)
+            refuse_link(*written, input);
+    refuse_link(points, output);
+    open_output(output.path);
 }
 
 double scale()
@@ -165,15 +192,15 @@ void write_objects(int version)
     }
 }
 
-void convert()
+std::string convert()
 {
     clear_all();
     locate_program();
-    read_configuration();
+    std::string warning = read_configuration();
     make_output_path();
     work_flag = false;
     const int version = design_version(input_path);
-    create_output(version);
+    create_output();
     if (version == 1)
         Load_MRL1();
     else if (version == 2)
@@ -185,16 +212,20 @@ void convert()
         // Before the footer: a run that can't settle the point file has not written all of its output.
         point_file::settle();
         write_footer();
+    } else {
+        warning = "the design file " + quoted_path(input_path) +
+                  " is not converted: its name ends in neither MRL nor MR2";
     }
     close_output();
+    return warning;
 }
 
 } // namespace
 
-void Form_Load()
+std::string Form_Load()
 {
     try {
-        convert();
+        return convert();
     } catch (...) {
         abandon_output();
         point_file::abandon();

@@ -1,12 +1,15 @@
 // One run of the program: from the run configuration to the output file.
 #pragma once
 
+#include <string>
+
 namespace marlogl {
 
 /// Converts the design file that the run configuration names. Works on file_system(), leaves the scene tables
-/// filled. Errors: those of the files, the reader and the generators; what was written before one is in the
-/// output file.
-void Form_Load();
+/// filled. Returns what the run configuration holds that its author can't have meant, else an empty text.
+/// Errors: those of the files, the reader and the generators; what was written before one is in the output
+/// file.
+std::string Form_Load();
 
 /// Puts every piece of state back to what it is when the program starts, for another run in the same process.
 void reset();

@@ -57,13 +57,13 @@ std::unique_ptr<OutputFile> MemoryFiles::create(const std::string &path)
     return std::make_unique<MemoryOutput>(content);
 }
 
-bool MemoryFiles::exists(const std::string &path)
+std::string MemoryFiles::identity(const std::string &path)
 {
     const std::string name = plain(path);
-    if (name == ".")
-        return true;
     const auto found = files.lower_bound(name);
-    return found != files.end() && (found->first == name || found->first.starts_with(name + '/'));
+    const bool exists = name == "." || (found != files.end() &&
+                                        (found->first == name || found->first.starts_with(name + '/')));
+    return exists ? name : "";
 }
 
 std::vector<std::string> MemoryFiles::names_in(const std::string &folder)
