@@ -87,6 +87,7 @@ def peak_memory(scene):
 
 
 def print_table(program, folder):
+    """Returns the bounds that were missed."""
     def of_design(name, objects, count=scenes.MOST_OBJECTS):
         return Scene.of_design(program, os.path.join(folder, name), scenes.design(objects, count))
 
@@ -98,21 +99,24 @@ def print_table(program, folder):
         ('the village', Scene.of_example(program, os.path.join(folder, 'village'), 'village'), 0.6, None, 2.5),
     )
     tables = peak_memory(of_design('nothing', scenes.envelope, 0))
+    missed = []
 
     print('| scene | output | wall, against `cp` of it | instructions | per output byte | memory above the tables |')
     print('| --- | --- | --- | --- | --- | --- |')
     for name, scene, most_wall, most_per_byte, most_millions in rows:
         scene.run()
         size, count = os.path.getsize(scene.output), instructions(scene)
-        cells = (
-            name,
-            '%.1f MB' % (size / 1e6),
-            '%.2f (at most %s)' % (against_copy(scene), most_wall),
-            '%.1f million' % (count / 1e6) + (' (at most %s)' % most_millions if most_millions else ''),
-            '%.1f' % (count / size) + (' (at most %d)' % most_per_byte if most_per_byte else ''),
-            '%.1f MiB (at most 4)' % ((peak_memory(scene) - tables) / MIB),
+        figures = (
+            ('%.2f', against_copy(scene), most_wall),
+            ('%.1f million', count / 1e6, most_millions),
+            ('%.1f', count / size, most_per_byte),
+            ('%.1f MiB', (peak_memory(scene) - tables) / MIB, 4),
         )
-        print('| ' + ' | '.join(cells) + ' |')
+        cells = [form % figure + (' (at most %s)' % most if most else '') for form, figure, most in figures]
+        print('| ' + ' | '.join([name, '%.1f MB' % (size / 1e6), *cells]) + ' |')
+        missed += ['%s: %s is more than %s' % (name, form % figure, most)
+                   for form, figure, most in figures if most and figure > most]
+    return missed
 
 
 def print_growth(program, folder):
@@ -131,5 +135,8 @@ if __name__ == '__main__':
     if len(sys.argv) != 3:
         raise SystemExit(__doc__)
     paths = [os.path.abspath(argument) for argument in sys.argv[1:]]
-    print_table(*paths)
+    missed = print_table(*paths)
     print_growth(*paths)
+    for bound in missed:
+        print('missed: ' + bound, file=sys.stderr)
+    sys.exit(1 if missed else 0)
