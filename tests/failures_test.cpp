@@ -66,27 +66,27 @@ TEST(Failures, BeginRightBehindTheLimitsOfTheObjects)
 2A3/D1e8 => glTranslated( 0, 100000000, 0 );
 2A3/BX/D1e309 => overflow: object 1 "X" (type 3): the number "1e309" is too large
 1A6/P03 9/P0674 =>       glVertex3d( -1, -1, 18 );
-1A6/BMast/P03 9/P0675 => index: object 1 "Mast" (type 6, save_mast): vertex table row 301 is outside 0 to 300
+1A6/BMast/P03 9/P0675 => index: object 1 "Mast" (type 6, guyed mast): vertex table row 301 is outside 0 to 300
 1A6/P03 9/P061 =>       glVertex3d( -1, -1, 18 );
 1A6/P03 9/P060
-    => division: object 1 "" (type 6, save_mast): the number of segments (cell 6) is 0, which nothing can be divided by
+    => division: object 1 "" (type 6, guyed mast): the number of segments (cell 6) is 0, which nothing can be divided by
 1A6/P03 9/P061/P31 1/P58 16374.5 =>       glVertex3d( 1, 1, 32767 );
 1A6/P03 9/P061/P31 1/P58 16375
-    => overflow: object 1 "" (type 6, save_mast): coordinate 32768 is outside -32768 to 32767
+    => overflow: object 1 "" (type 6, guyed mast): coordinate 32768 is outside -32768 to 32767
 1A6/P03 9/P061/P31 1/P58-16384 =>       glVertex3d( 1, 1, -32768 );
 1A6/P03 9/P061/P58 1e308
-    => overflow: object 1 "" (type 6, save_mast): a calculation gives a number that is too large
+    => overflow: object 1 "" (type 6, guyed mast): a calculation gives a number that is too large
 2A18/P1120/K21Y/F21water => BindTexture( "water.bmp" );
 2A18/BPond/P1121/K21Y/F21water
-    => index: object 1 "Pond" (type 18, save_bigpoly): corner of the polygon 21 is outside 1 to 20
+    => index: object 1 "Pond" (type 18, extruded polygon): corner of the polygon 21 is outside 1 to 20
 2A3/K3002/A18/P11 28 => end
 2A3/BCopy/K3002/A18/P11 29
-    => index: object 1 "Copy" (drawn as object 2, type 18, save_bigpoly): text slot 29 is outside 0 to 28
+    => index: object 1 "Copy" (drawn as object 2, type 18, extruded polygon): text slot 29 is outside 0 to 28
 2A19/P03 1/P11 12/K01Y/F01tread/Q001-2e4/Q00312e3 => BindTexture( "tread.bmp" );
 2A19/P03 1/P11 12/K01Y/F01tread/Q001-2e4/Q00313e3
-    => overflow: object 1 "" (type 19, save_wheel): width of the tread texture -33000 is outside -32768 to 32767
+    => overflow: object 1 "" (type 19, wheel): width of the tread texture -33000 is outside -32768 to 32767
 2A19/P03 1/P04-.5/P11 12/K01Y/F01tread
-    => division: object 1 "" (type 19, save_wheel): the width of the wheel is 0, which nothing can be divided by
+    => division: object 1 "" (type 19, wheel): the width of the wheel is 0, which nothing can be divided by
 )";
     for_each_line(table, [](const std::string &design, const std::string &expected) {
         expect_outcome(given(design[0] - '0', design.substr(1)),
@@ -104,9 +104,9 @@ TEST(Failures, BeginWhereTheColourTableIsMissing)
 59 60 => glColor3ub(    ,    ,     ); 
 1 0 => glColor3ub( 001, 001, 001 ); 
 0 60
-    => past end: object 1 "Hedge" (type 20, save_fence): the file "program/appl/colors.tab" ends where a line is expected
+    => past end: object 1 "Hedge" (type 20, fence): the file "program/appl/colors.tab" ends where a line is expected
 none 60
-    => missing file: object 1 "Hedge" (type 20, save_fence): cannot open "program/appl/colors.tab": there is no such file
+    => missing file: object 1 "Hedge" (type 20, fence): cannot open "program/appl/colors.tab": there is no such file
 )";
     for_each_line(table, [](const std::string &input, const std::string &expected) {
         const std::vector<std::string> parts = split(input, " ");

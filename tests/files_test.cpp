@@ -1,9 +1,10 @@
 // Lines of text files, files that are found by any spelling, and the operating system's own files.
 #include "host/lines.h"
+#include "host/memory_files.h"
 #include "host/paths.h"
 #include "host/system.h"
+#include "run/configuration.h"
 #include "support/cases.h"
-#include "support/memory_files.h"
 
 #include <filesystem>
 #include <fstream>
@@ -25,8 +26,7 @@ std::string lines_of(const std::string &content, std::size_t most_per_read,
     MemoryFiles files;
     files.files["file"] = content;
     files.most_per_read = most_per_read;
-    const Using in_use(files);
-    LineReader reader("file");
+    LineReader reader(files, "file");
     std::string lines(reader.read_line(most));
     while (!reader.at_end())
         lines.append(",").append(reader.read_line(most));
@@ -69,8 +69,7 @@ TEST(Lines, AreMissingInAnEmptyFile)
         EXPECT_EQ(error_of([&] { lines_of(content, 1); }),
                   "past end: the file \"file\" ends where a line is expected");
     MemoryFiles files;
-    const Using in_use(files);
-    EXPECT_EQ(error_of([] { LineReader("no/file"); }),
+    EXPECT_EQ(error_of([&] { LineReader(files, "no/file"); }),
               "missing file: cannot open \"no/file\": there is no such file");
 }
 
@@ -80,17 +79,16 @@ TEST(Paths, AreFoundByAnySpelling)
     for (const char *path :
          {"Town/Scene.MR2", "TOWN/other.mr2", "a/x", "b", "B", "c", "C1/z", "c1/Y", "/root/F"})
         files.files[path];
-    const Using in_use(files);
     for_each_case("Town/Scene.MR2=Town/Scene.MR2|town/SCENE.mr2=Town/Scene.MR2|town/other.MR2=TOWN/other.mr2|"
                   "Town/Other.mr2=TOWN/other.mr2|A//X=a//x|b=b|B=B|C1/y=c1/Y|c1/Z=C1/z|/ROOT/f=/root/F|"
                   "town/none=town/none|none/Scene.MR2=none/Scene.MR2|=",
-                  [](const std::string &spelled, const std::string &found) {
-                      EXPECT_EQ(find_file(spelled), found) << spelled;
+                  [&](const std::string &spelled, const std::string &found) {
+                      EXPECT_EQ(find_file(files, spelled), found) << spelled;
                   });
     files.files.erase("b");
     files.files["bA"], files.files["Ba"];
-    EXPECT_EQ(find_file("b"), "B");
-    EXPECT_EQ(find_file("ba"), "Ba"); // the first in byte order
+    EXPECT_EQ(find_file(files, "b"), "B");
+    EXPECT_EQ(find_file(files, "ba"), "Ba"); // the first in byte order
     EXPECT_EQ(native_path("a\\b/c\\"), "a/b/c/");
 }
 
@@ -99,10 +97,8 @@ TEST(Paths, OfTheProgramLeadToTheConfiguration)
     for_each_case("program/MarlOgl.dat=program|program/marlogl.DAT=program|MarlOgl.dat=.|MARLOGL.DAT=.",
                   [](const std::string &present, const std::string &folder) {
                       MemoryFiles files;
-                      files.files[present];
-                      const Using in_use(files);
-                      locate_program();
-                      EXPECT_EQ(program_file("\\appl\\colors.tab"), folder + "/appl/colors.tab") << present;
+                      files.files[present] = "\n\n\n\n";
+                      EXPECT_EQ(read_configuration(files).folder, folder) << present;
                   });
 }
 
@@ -131,19 +127,20 @@ class OperatingSystem : public testing::Test {
     }
 
     std::string folder;
-    FileSystem &files = file_system();
+    const std::unique_ptr<FileSystem> system = system_files();
+    FileSystem &files = *system;
 };
 
 TEST_F(OperatingSystem, HoldsFiles)
 {
     put("Old.txt", "an old content");
-    EXPECT_EQ(find_file(path("oLD.TXT")), path("Old.txt"));
+    EXPECT_EQ(find_file(files, path("oLD.TXT")), path("Old.txt"));
     const auto output = files.create(path("Old.txt"));
     output->write("a\r\n");
     output->write("b\r\n");
     output->close();
     EXPECT_EQ(get("Old.txt"), "a\r\nb\r\n");
-    EXPECT_EQ(LineReader(path("Old.txt")).read_line(), "a");
+    EXPECT_EQ(LineReader(files, path("Old.txt")).read_line(), "a");
 
     std::filesystem::create_hard_link(path("Old.txt"), path("link"));
     put("other", "");
@@ -166,7 +163,7 @@ TEST_F(OperatingSystem, HoldsFiles)
               "missing file: cannot create " + quoted_path(path("none/x")) + missing);
     EXPECT_EQ(error_of([&] { files.create(folder); }),
               "input/output: cannot create " + quoted_path(folder) + is_folder);
-    EXPECT_EQ(error_of([&] { LineReader reader(folder); }),
+    EXPECT_EQ(error_of([&] { LineReader reader(files, folder); }),
               "input/output: cannot read " + quoted_path(folder) + is_folder);
 }
 

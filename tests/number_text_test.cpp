@@ -1,4 +1,5 @@
 // The patterns of the output's numbers, and the fast ways against the exact ones.
+#include "emit/angles.h"
 #include "emit/output.h"
 #include "support/cases.h"
 
@@ -27,12 +28,11 @@ TEST(NumberText, OfEveryPattern)
           "0=0|-0.0=0|0.49=0|-0.4=0|0.5=1|-0.5=-1|2.5=3|2.4999999999999996=3|2.49999999999999=2|-1000=-1000|"
           "999999999=999999999|999999999.5=1000000000|123456789012345678=123456789012346000|-1e300=-1" +
               zeros);
-    TEXTS(fnform2(p6(x)),
+    TEXTS(p2(p6(x)),
           "0=0.00|0.015=0.02|0.0149995=0.02|0.0149994=0.01|0.125=0.13|-0.005=-0.01|-0.0049994=0.00|"
           "0.99499949=0.99|-0.9949995=-1.00|12.5=12.50|-9.99499951=-10.00|-1e300=-1" +
               zeros + ".00");
-    TEXTS(fnform4(p6(x)),
-          "0.3048=0.3048|0.00004949=0.0000|0.0000495=0.0001|-39.01485=-39.0149|0.99999999=1.0000");
+    TEXTS(p4(p6(x)), "0.3048=0.3048|0.00004949=0.0000|0.0000495=0.0001|-39.01485=-39.0149|0.99999999=1.0000");
     TEXTS(p00(static_cast<int>(x)), "0=00|9=09|70=70|300=300");
     TEXTS(blank_p0(x), "5= 5|-0.2= 0|-5= -5");
     TEXTS(general(x),
@@ -40,12 +40,11 @@ TEST(NumberText, OfEveryPattern)
           "-1.5e300=-1.5E+300");
     TEXTS(spaced(x), "-0.0= 0|2.5= 2.5|-3=-3");
     TEXTS(hex(x), "0=0|-1=0|171.5=AC|254.5=FE|256=100|9007199254740992=20000000000000");
-    TEXTS(fnhexa(hex(x)), "0=00|10=0A|255=FF|256=100");
-    TEXTS(fntexu(x), "0=0.000000f|127.9=0.498039f|128=0.501961f|510=2.000000f|-0.5=-0.003922f");
-    TEXTS(fntexv(x), "0=1.000000f|128=0.498039f|255.9=0.000000f|-255=2.000000f");
-    TEXTS(fnflip(x), "0.5= 255|255= 0|300=-45");
-    TEXTS(general(fnround(x, 0)), "2.5=3|-2.5=-3|-1.5=-2|2.4999=2|1.23456=1");
-    TEXTS(general(fnround(x, 4)), "0=0|-1.23456=-1.2346");
+    TEXTS(two_digit_hex(hex(x)), "0=00|10=0A|255=FF|256=100");
+    TEXTS(texture_u(x), "0=0.000000f|127.9=0.498039f|128=0.501961f|510=2.000000f|-0.5=-0.003922f");
+    TEXTS(texture_v(x), "0=1.000000f|128=0.498039f|255.9=0.000000f|-255=2.000000f");
+    TEXTS(general(round_decimals(x, 0)), "2.5=3|-2.5=-3|-1.5=-2|2.4999=2|1.23456=1");
+    TEXTS(general(round_decimals(x, 4)), "0=0|-1.23456=-1.2346");
 }
 
 TEST(NumberText, IsNotThereForANumberThatIsNotFinite)
@@ -54,9 +53,9 @@ TEST(NumberText, IsNotThereForANumberThatIsNotFinite)
     for (const char *input : {"inf", "-inf", "nan"}) {
         const double x = std::stod(input);
         EXPECT_EQ(error_of([x] { text_of(p0(x)); }), message) << input;
-        EXPECT_EQ(error_of([x] { text_of(fnform2(p6(x))); }), message) << input;
+        EXPECT_EQ(error_of([x] { text_of(p2(p6(x))); }), message) << input;
         EXPECT_EQ(error_of([x] { text_of(spaced(x)); }), message) << input;
-        EXPECT_EQ(error_of([x] { text_of(fntexv(x)); }), message) << input;
+        EXPECT_EQ(error_of([x] { text_of(texture_v(x)); }), message) << input;
     }
     EXPECT_EQ(error_of([] { text_of(hex(1e16)); }),
               "overflow: the number 1e+16 is too large for hexadecimal digits");
@@ -72,8 +71,8 @@ template <typename Put> std::string exact_text(Put put)
 void expect_exact_hundredths(double x)
 {
     const std::string exact = exact_text([x](char *at) { return output::put_again(at, x, 2); });
-    if (text_of(fnform2(p6(x))) != exact) // a million EXPECT_EQ take long
-        ADD_FAILURE() << message_number(x) << " is " << text_of(fnform2(p6(x))) << " and not " << exact;
+    if (text_of(p2(p6(x))) != exact) // a million EXPECT_EQ take long
+        ADD_FAILURE() << message_number(x) << " is " << text_of(p2(p6(x))) << " and not " << exact;
 }
 
 TEST(NumberText, OfANormalIsTheExactOneNearEveryTie)
@@ -122,10 +121,10 @@ TEST(NumberText, OfAWholeNumberIsTheExactOne)
 TEST(NumberText, OfATexturePositionIsTheExactOne)
 {
     for (int pixel = -100300; pixel <= 100300; ++pixel) {
-        const std::string exact =
-            exact_text([pixel](char *at) { return output::put_rounded(at, fnround(pixel / 255.0, 6), 6); });
-        if (text_of(fntexu(pixel)) != exact + 'f' || text_of(fntexv(255 - pixel)) != exact + 'f')
-            ADD_FAILURE() << pixel << " is " << text_of(fntexu(pixel)) << " and not " << exact;
+        const std::string exact = exact_text(
+            [pixel](char *at) { return output::put_rounded(at, round_decimals(pixel / 255.0, 6), 6); });
+        if (text_of(texture_u(pixel)) != exact + 'f' || text_of(texture_v(255 - pixel)) != exact + 'f')
+            ADD_FAILURE() << pixel << " is " << text_of(texture_u(pixel)) << " and not " << exact;
     }
 }
 
@@ -141,21 +140,21 @@ TEST(Angles, AreRoundedOnce)
     };
     for (int degrees = 0; degrees < 360; ++degrees) {
         const double angle = degrees * (3.1415926 / 180);
-        expect_nearest("sin", degrees, fnsin(degrees), std::sin(Wide{angle}));
-        expect_nearest("cos", degrees, fncos(degrees), std::cos(Wide{angle}));
+        expect_nearest("sin", degrees, sine(degrees), std::sin(Wide{angle}));
+        expect_nearest("cos", degrees, cosine(degrees), std::cos(Wide{angle}));
     }
     const struct {
         double entry, value;
     } rows[] = {
-        {fncos(51), 0.6293204028498466},
-        {fncos(62), 0.46947157908396125},
-        {fncos(104), -0.24192186555640913},
-        {fnsin(0), 0},
-        {fncos(0), 1},
+        {cosine(51), 0.6293204028498466},
+        {cosine(62), 0.46947157908396125},
+        {cosine(104), -0.24192186555640913},
+        {sine(0), 0},
+        {cosine(0), 1},
     };
     for (const auto &[entry, value] : rows)
         EXPECT_EQ(entry, value);
-    EXPECT_NEAR(fncos(90), 2.68e-8, 1e-11); // pi has seven decimals
+    EXPECT_NEAR(cosine(90), 2.68e-8, 1e-11); // pi has seven decimals
 }
 
 } // namespace

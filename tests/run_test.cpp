@@ -1,7 +1,6 @@
 // Whole runs: what is found and made, what frames and places the objects, and what a run leaves behind.
-#include "design/scene.h"
 #include "dispatch/dispatch.h"
-#include "emit/output.h"
+#include "run/configuration.h"
 #include "support/cases.h"
 #include "support/design.h"
 
@@ -53,10 +52,11 @@ TEST(Run, TakesItsColoursFromTheConfiguration)
     for_each_case("200100050=200, 100, 050|20010005=200, 100, 005|200100050 =200, 100, 50 |"
                   " 10 20 30= 10,  20,  30|200 100 050=200,  10, 050|7=7, , 7|=, , ",
                   [](const std::string &line, const std::string &components) {
-                      convert(
-                          {.design = "\n", .configuration = "scene.mr2\nx.out\n007008009\n" + line + '\n'});
-                      EXPECT_EQ(colour_outside, "007, 008, 009");
-                      EXPECT_EQ(colour_inside, components);
+                      MemoryFiles files;
+                      files.files["MarlOgl.dat"] = "scene.mr2\nx.out\n007008009\n" + line + '\n';
+                      const Configuration configuration = read_configuration(files);
+                      EXPECT_EQ(configuration.colour_outside, "007, 008, 009");
+                      EXPECT_EQ(configuration.colour_inside, components);
                   });
 }
 
@@ -107,16 +107,17 @@ TEST(Run, AnnouncesObjectsThatHaveAType)
 TEST(Run, ChoosesTheGeneratorByType)
 {
     const std::string kinds[] = {
-        "1house 2beam 3poly 4bigpoly 5building 6mast 7tower 9panel 11structure 12cylinder 13base 14cone "
-        "15basket_sphere 16sign 17roads 19tree 20fence 21fence 22wheel 23fence ",
-        "2digital 4sign 5poly 6structure 7cylinder 9base 11cone 12basket_sphere 13flag 18bigpoly 19wheel "
-        "20fence "
-        "21roads 22tower 23house "};
+        "1:gabled house 2:beam 3:two-sided extruded polygon 4:extruded polygon 5:profiled-roof house "
+        "6:guyed mast 7:tower 9:pole with pennant 11:structure with antennas 12:capped cylinder 13:hip roof "
+        "14:cone 15:sphere with basket 16:sign board 17:roads 19:tree 20:fence 21:fence 22:wheel 23:fence ",
+        "2:digital clock 4:sign board 5:two-sided extruded polygon 6:structure with antennas "
+        "7:capped cylinder 9:hip roof 11:cone 12:sphere with basket 13:flag 18:extruded polygon 19:wheel "
+        "20:fence 21:roads 22:tower 23:gabled house "};
     for (const int version : {1, 2}) {
         std::string found;
-        for (int type = -1; type <= 100; ++type)
-            if (const std::string name = generator_name(version, type); !name.empty())
-                found += std::to_string(type) + name.substr(name.find('_') + 1) + ' ';
+        for (int type = -99; type <= 99; ++type)
+            if (const Kind *kind = find_kind(version, type))
+                found += std::to_string(type) + ':' + std::string(kind->name) + ' ';
         EXPECT_EQ(found, kinds[version - 1]);
     }
     // One row of each table draws what it is named after.
@@ -226,15 +227,15 @@ TEST(Run, KeepsItsStateBetweenObjectsButNotBetweenRuns)
         EXPECT_EQ(colour_of(cylinder + flag), "glColor3ub( 050, 100, 200 ); ");
         EXPECT_EQ(polygons(convert(given(2, cylinder + flag))), polygons(convert(given(2, flag))));
         EXPECT_STREQ(convert(given(2, broken)).error->what(),
-                     "object 1 \"\" (type 7, save_cylinder): coordinate 50000 is outside -32768 to 32767");
+                     "object 1 \"\" (type 7, capped cylinder): coordinate 50000 is outside -32768 to 32767");
         EXPECT_FALSE(convert(given(2, wide)).error);
     }
 }
 
 TEST(Run, WritesLinesOfAnyLength)
 {
-    for (const std::size_t length : {output::capacity - 400, output::capacity - 56, output::capacity - 55,
-                                     output::capacity, 3 * output::capacity}) {
+    for (const std::size_t length : {Output::capacity - 400, Output::capacity - 56, Output::capacity - 55,
+                                     Output::capacity, 3 * Output::capacity}) {
         const std::string name(length, 'n');
         EXPECT_TRUE(
             convert(given(2, "A3\nB" + name + "\nA3\nBx" + name + "\nA3\nBy")).output ==

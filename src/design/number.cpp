@@ -1,7 +1,7 @@
 #include "design/number.h"
 
+#include "base/run_error.h"
 #include "design/text.h"
-#include "host/run_error.h"
 
 #include <charconv>
 #include <limits>

@@ -1,6 +1,5 @@
 #include "design/reader.h"
 
-#include "design/scene.h"
 #include "host/lines.h"
 #include "host/paths.h"
 
@@ -14,7 +13,6 @@ namespace {
 // Which types differ in how their points are stored.
 struct PointRules {
     int uncounted_type;                 // whose points do not add to cell 50
-    int copied_count_type;              // whose cell 59 follows cell 50
     std::span<const int> shifted_types; // whose coordinates stand in the file with 5000 added
     bool skips_points_beyond_table;
 
@@ -26,96 +24,44 @@ struct PointRules {
 
 constexpr int shifted_types_1[] = {2, 3, 4, 7, 17, 20, 21, 23};
 constexpr int shifted_types_2[] = {1, 5, 18, 20, 21, 22};
-constexpr PointRules point_rules_1{3, 7, shifted_types_1, false};
-constexpr PointRules point_rules_2{5, 22, shifted_types_2, true};
+constexpr PointRules point_rules[] = {
+    {3, shifted_types_1, false},
+    {5, shifted_types_2, true }
+};
 
 // The reading so far.
 struct Reading {
-    const PointRules &point_rules;
-    int object = 0;          // the object that the records belong to
-    double file_version = 0; // times ten
-    bool ended = false;      // an object too many ends the reading
+    Scene &scene;
+    const PointRules &rules;
+    // Nothing of the scene record is ever drawn; it only has to take what stands before the first object.
+    Object scene_record = {};
+    Object *object = &scene_record; // the object that the records belong to
+    double file_version = 0;        // times ten
+    bool ended = false;             // an object too many ends the reading
 };
 
 using Line = std::string_view;
 
-struct Record {
-    std::string_view key;
-    void (*store)(Reading &reading, Line line);
-};
-
-// A piece of the scene record's line, and the cell of object 0 that it fills.
-struct SceneField {
-    std::size_t first, last;
-    int cell;
-};
-
-// The fields that both versions share.
-constexpr SceneField scene_fields[] = {
-    {38, 40, 0 },
-    {41, 45, 53},
-    {46, 50, 59},
-    {51, 55, 30},
-    {56, 60, 31},
-    {61, 65, 32},
-    {66, 70, 33},
-    {71, 75, 34},
-    {76, 76, 45},
-    {77, 81, 46},
-};
-constexpr SceneField scene_fields_2[] = {
-    {82, 84, 47},
-    {85, 85, 48},
-};
-constexpr SceneField extent_fields[] = {
-    {2,  5,  35},
-    {6,  9,  36},
-    {10, 13, 37},
-    {14, 17, 38},
-};
-
-constexpr int point_count_cell = 50;
-
-void store_fields(Line line, std::span<const SceneField> fields)
+// The records of the scene, and some others, have no effect; but their numbers must be numbers. A field of
+// less than five characters can't hold one that is too large.
+template <std::size_t first, std::size_t last = std::string_view::npos> void read_number(Reading &, Line line)
 {
-    for (const SceneField &field : fields)
-        object_param(field.cell, 0) = numeric_value(columns(line, field.first, field.last));
+    numeric_value(columns(line, first, last));
 }
 
-void store_scene(Line line, std::span<const SceneField> further_fields, std::size_t name_position)
+void read_scene(Reading &reading, Line line)
 {
-    object_x(0) = columns(line, 2, 19);
-    object_y(0) = columns(line, 20, 37);
-    store_fields(line, scene_fields);
-    store_fields(line, further_fields);
-    object_name(0) = columns(line, name_position);
-    object_type(0) = 99;
+    read_number<41, 45>(reading, line);
+    for (std::size_t first = 46; first <= 71; first += 5)
+        numeric_value(columns(line, first, first + 4));
+    read_number<77, 81>(reading, line);
 }
 
-void store_scene_1(Reading &, Line line)
-{
-    store_scene(line, {}, 82);
-}
+void ignore(Reading &, Line) {}
 
-void store_scene_2(Reading &, Line line)
+void store_scale_level(Reading &reading, Line line)
 {
-    store_scene(line, scene_fields_2, 86);
-}
-
-// The number from position `first` on goes to a cell of the scene record.
-template <int cell, std::size_t first> void store_scene_cell(Reading &, Line line)
-{
-    object_param(cell, 0) = numeric_value(columns(line, first));
-}
-
-void store_extents(Reading &, Line line)
-{
-    store_fields(line, extent_fields);
-}
-
-void store_scale_level(Reading &, Line line)
-{
-    scale_level = columns(line, 2);
+    reading.scene.scale_level = columns(line, 2);
 }
 
 void store_version(Reading &reading, Line line)
@@ -123,27 +69,20 @@ void store_version(Reading &reading, Line line)
     reading.file_version = numeric_value(columns(line, 2)) * 10;
 }
 
-// The record has no effect, but its number must be one.
-void read_number(Reading &, Line line)
-{
-    numeric_value(columns(line, 2));
-}
-
-void ignore(Reading &, Line) {}
-
 void open_next_object(Reading &reading, Line line)
 {
-    reading.ended = reading.object == objects.last;
+    std::vector<Object> &objects = reading.scene.objects;
+    reading.ended = objects.size() == object_numbers.last;
     if (reading.ended)
         return;
-    open_object(++reading.object);
-    object_type(reading.object) = whole_16(numeric_value(columns(line, 2)), "type");
+    reading.object = &objects.emplace_back();
+    reading.object->type = whole_16(numeric_value(columns(line, 2)), "type");
 }
 
 // The rest of the line goes to a text of the object.
-template <Table<std::string, objects> &texts> void store_object_text(Reading &reading, Line line)
+template <std::string Object::*text> void store_object_text(Reading &reading, Line line)
 {
-    texts(reading.object) = columns(line, 2);
+    reading.object->*text = columns(line, 2);
 }
 
 double slot_of(Line line)
@@ -153,35 +92,36 @@ double slot_of(Line line)
 
 void store_parameter(Reading &reading, Line line)
 {
+    constexpr int counted_by_parameter = 3; // the type whose points do not count themselves
     const double cell = slot_of(line);
-    double &parameter = object_param(cell, reading.object);
+    double &parameter = reading.object->parameters(cell);
     parameter = numeric_value(columns(line, 4));
-    // The points count themselves, except where the count is given.
-    if (cell == point_count_cell && object_type(reading.object) != 3)
+    if (cell == point_count_cell && reading.object->type != counted_by_parameter)
         parameter = 0;
 }
 
 void store_text(Reading &reading, Line line)
 {
     if (const double slot = slot_of(line); slot <= face_slots.last)
-        object_text(slot, reading.object) = columns(line, 4);
+        reading.object->texts(slot) = columns(line, 4);
 }
 
 void store_code(Reading &reading, Line line)
 {
     constexpr int last_slot_in_files = 31;
     if (const double slot = slot_of(line); slot <= last_slot_in_files)
-        object_code(slot, reading.object) = columns(line, 4, 5);
+        reading.object->codes(slot) = columns(line, 4, 5);
 }
 
 void store_colour(Reading &reading, Line line)
 {
-    object_colour(slot_of(line), reading.object) = columns(line, 4);
+    reading.object->colours(slot_of(line)) = columns(line, 4);
 }
 
-void store_colour_flag(Reading &reading, Line line)
+// The flag of a colour has no effect.
+void read_colour_flag(Reading &, Line line)
 {
-    object_colour_flag(slot_of(line), reading.object) = columns(line, 4);
+    place_in(face_slots, slot_of(line), "colour flag slot");
 }
 
 std::int16_t coordinate(Line field, bool shifted)
@@ -192,82 +132,63 @@ std::int16_t coordinate(Line field, bool shifted)
 
 void store_point(Reading &reading, Line line)
 {
-    const PointRules &rules = reading.point_rules;
-    const int object = reading.object, type = object_type(object);
-    const double point = round_half_even(numeric_value(columns(line, 2, 4)));
-    if (rules.skips_points_beyond_table && point > points.last)
+    Object &object = *reading.object;
+    const double number = round_half_even(numeric_value(columns(line, 2, 4)));
+    if (reading.rules.skips_points_beyond_table && number > point_numbers.last)
         return;
-    if (type != rules.uncounted_type)
-        ++object_param(point_count_cell, object);
-    if (type == rules.copied_count_type)
-        object_param(59, object) = object_param(point_count_cell, object);
-    const bool shifted = rules.shifts(type);
-    point_x(point, object) = coordinate(columns(line, 5, 8), shifted);
-    point_y(point, object) = coordinate(columns(line, 9, 12), shifted);
-    point_code(point, object) = columns(line, 13, 14);
-    point_attr(point, object) = columns(line, 15, 18);
+    if (object.type != reading.rules.uncounted_type)
+        ++object.parameters(point_count_cell);
+    const bool shifted = reading.rules.shifts(object.type);
+    const std::int16_t x = coordinate(columns(line, 5, 8), shifted);
+    Point &point = object.points(number);
+    point.x = x;
+    point.y = coordinate(columns(line, 9, 12), shifted);
+    point.code = columns(line, 13, 14);
+    point.attribute = columns(line, 15, 18);
 }
 
-constexpr auto store_cell_35 = store_scene_cell<35, 2>;
-constexpr auto store_cell_40 = store_scene_cell<40, 3>;
-constexpr auto store_cell_41 = store_scene_cell<41, 3>;
-constexpr auto store_cell_49 = store_scene_cell<49, 2>;
-constexpr auto store_name = store_object_text<object_name>;
-constexpr auto store_x = store_object_text<object_x>;
-constexpr auto store_y = store_object_text<object_y>;
+using Store = void (*)(Reading &reading, Line line);
+
+// A kind of record; a version whose column is empty skips it.
+struct Record {
+    std::string_view key;
+    Store stores[2];
+
+    constexpr Record(std::string_view begins_with, Store both) : key(begins_with), stores{both, both} {}
+    constexpr Record(std::string_view begins_with, Store version1, Store version2)
+        : key(begins_with), stores{version1, version2}
+    {
+    }
+};
 
 // The first row whose key begins the line decides; a line without one is skipped. The records that a design
 // file has most of come first.
-constexpr Record version1[] = {
-    {"Q",    store_point      },
-    {"P",    store_parameter  },
-    {"K",    store_code       },
-    {"F",    store_text       },
-    {"\\",   store_colour     },
-    {"MAXI", ignore           },
-    {"V",    store_version    },
-    {"T",    ignore           },
-    {"@",    ignore           },
-    {"J",    store_scale_level},
-    {"A",    open_next_object },
-    {"B",    store_name       },
-    {"C",    store_x          },
-    {"D",    store_y          },
-    {"$",    read_number      },
-    {"E",    store_cell_35    },
-    {":",    ignore           },
-    {"W",    store_scene_1    },
-    {"]1",   store_cell_40    },
-    {"]2",   store_cell_41    },
-    {"?",    store_colour_flag},
+constexpr Record records[] = {
+    {"Q",                               store_point    },
+    {"P",                               store_parameter},
+    {"K",                               store_code     },
+    {"F",                               store_text     },
+    {"\\",                              store_colour   },
+    {"MAXI",                            ignore         },
+    {"V",                               store_version,   read_number<2>},
+    {"T",                                 ignore                                             },
+    {"@",                                 ignore},
+    {"J",                                 store_scale_level                                             },
+    {"L",                                 nullptr, read_number<2>},
+    {"A",                   open_next_object                                 },
+    {"B",store_object_text<&Object::name>},
+    {"C",   store_object_text<&Object::x>                                     },
+    {"D",  store_object_text<&Object::y>},
+    {"$",   read_number<2>                                      },
+    {"E",                 read_number<2>,ignore},
+    {":",   ignore                  },
+    {"W",                               read_scene                                     },
+    {"]1",                               read_number<3>     },
+    {"]2",                              read_number<3>},
+    {"?",                              read_colour_flag },
 };
 
-constexpr Record version2[] = {
-    {"Q",    store_point      },
-    {"P",    store_parameter  },
-    {"K",    store_code       },
-    {"F",    store_text       },
-    {"\\",   store_colour     },
-    {"MAXI", ignore           },
-    {"V",    read_number      },
-    {"T",    ignore           },
-    {"@",    ignore           },
-    {"J",    store_scale_level},
-    {"L",    store_cell_49    },
-    {"A",    open_next_object },
-    {"B",    store_name       },
-    {"C",    store_x          },
-    {"D",    store_y          },
-    {"$",    read_number      },
-    {"E",    store_extents    },
-    {":",    ignore           },
-    {"W",    store_scene_2    },
-    {"]1",   store_cell_40    },
-    {"]2",   store_cell_41    },
-    {"?",    store_colour_flag},
-};
-
-const Record *find_record(std::span<const Record> records, Line line)
+const Record *find_record(Line line)
 {
     if (line.empty())
         return nullptr;
@@ -278,66 +199,58 @@ const Record *find_record(std::span<const Record> records, Line line)
     return nullptr;
 }
 
-void read_records(Reading &reading, std::span<const Record> records)
+void read_records(Reading &reading, LineReader &file, int version)
 {
-    LineReader file(find_file(native_path(input_path)));
     int number = 0;
-    try {
-        do {
-            const Line line = file.read_line();
-            ++number;
-            if (const Record *record = find_record(records, line))
-                try {
-                    record->store(reading, line);
-                } catch (const RunError &error) {
-                    throw error.at("record " + quoted(line, 20));
-                }
-        } while (!reading.ended && !file.at_end());
-    } catch (const RunError &error) {
-        // A file's own errors name the file.
-        if (error.fault == Fault::input_output || error.fault == Fault::past_end)
-            throw;
-        throw error.at(file.path() + ':' + std::to_string(number));
-    }
+    do {
+        const Line line = file.read_line();
+        ++number;
+        const Record *record = find_record(line);
+        const Store store = record != nullptr ? record->stores[version - 1] : nullptr;
+        if (store == nullptr)
+            continue;
+        try {
+            store(reading, line);
+        } catch (const RunError &error) {
+            throw error.at(file.path() + ':' + std::to_string(number) + ": record " + quoted(line, 20));
+        }
+    } while (!reading.ended && !file.at_end());
 }
 
 // Before version 1.2 the positions of a structure's antennas stood in cells, and a height of 0 meant none.
-void convert_antennas(int object)
+void convert_antennas(Object &object, const std::string &place)
 {
-    const auto position = [object](int cell) {
-        return whole_16(object_param(cell, object), "antenna position (cell " + std::to_string(cell) + ')');
+    const auto position = [&](int cell) {
+        return whole_16(object.parameters(cell),
+                        place + ": antenna position (cell " + std::to_string(cell) + ')');
     };
     for (int j = 38; j <= 41; ++j) {
-        point_x(j + 13, object) = position(j);
-        point_y(j + 13, object) = position(j + 4);
-        if (object_param(j + 8, object) == 0)
-            object_param(j - 2, object) = 0;
+        object.points(j + 13).x = position(j);
+        object.points(j + 13).y = position(j + 4);
+        if (object.parameters(j + 8) == 0)
+            object.parameters(j - 2) = 0;
     }
 }
 
 } // namespace
 
-void Load_MRL2()
-{
-    Reading reading{point_rules_2};
-    read_records(reading, version2);
-}
-
-void Load_MRL1()
+Scene read_design(FileSystem &files, const std::string &path, int version)
 {
     constexpr int structure = 11;
-    clear_all();
-    Reading reading{point_rules_1};
-    read_records(reading, version1);
-    if (reading.file_version >= 12)
-        return;
-    for (int object = 1; object <= reading.object; ++object)
-        if (object_type(object) == structure)
-            try {
-                convert_antennas(object);
-            } catch (const RunError &error) {
-                throw error.at(input_path + ": object " + std::to_string(object));
-            }
+    Scene scene;
+    scene.objects.reserve(object_numbers.last); // objects stay where they are
+    Reading reading{scene, point_rules[version - 1]};
+    LineReader file(files, find_file(files, native_path(path)));
+    read_records(reading, file, version);
+    if (version == 1 && reading.file_version < 12) {
+        int number = 0;
+        for (Object &object : scene.objects) {
+            ++number;
+            if (object.type == structure)
+                convert_antennas(object, path + ": object " + std::to_string(number));
+        }
+    }
+    return scene;
 }
 
 } // namespace marlogl

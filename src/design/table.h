@@ -1,10 +1,9 @@
 // Tables of fixed size, addressed by calls and always tested against their bounds.
 #pragma once
 
+#include "base/run_error.h"
 #include "design/number.h"
-#include "host/run_error.h"
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -19,76 +18,53 @@ struct Range {
     constexpr int size() const { return last - first + 1; }
 };
 
-/// The range of a table that has one index only.
-inline constexpr Range single{0, 0};
+/// Raises the error of place_in. Errors: index.
+[[noreturn]] void raise_outside(double index, Range range, const char *name);
 
-/// A table of T with one index or two. An index is a whole number or a double, which is rounded to a whole
-/// number first (halves to the even one). The first index runs fastest in storage.
-///
-/// Errors of every access: index, when the first or second index lies outside Rows or Columns.
-template <typename T, Range Rows, Range Columns = single> class Table {
+/// The place of `index` in `range`, counted from 0. An index is a whole number or a double, which is rounded
+/// to a whole number first (halves to the even one); `name` says in messages what it counts. Errors: index.
+template <typename Index> std::size_t place_in(Range range, Index index, const char *name)
+{
+    std::uint64_t place = 0; // below the first it becomes a very large one
+    if constexpr (std::is_floating_point_v<Index>) {
+        // Around here doubles are the whole numbers, and their bits count on with them: the sum is rounded,
+        // halves to even. The bits of a sum that left this region, of NaN too, are far from its own.
+        constexpr double whole_numbers = 1.5 * (std::int64_t{1} << 52);
+        place = std::bit_cast<std::uint64_t>(index + whole_numbers) -
+                std::bit_cast<std::uint64_t>(whole_numbers + range.first);
+    } else {
+        place = static_cast<std::uint64_t>(std::int64_t{index} - range.first);
+    }
+    if (place >= static_cast<std::uint64_t>(range.size())) [[unlikely]]
+        raise_outside(static_cast<double>(index), range, name);
+    return place;
+}
+
+/// A table of T, addressed by any index that place_in takes. Errors of every access: index.
+template <typename T, Range Rows> class Table {
   public:
-    /// `row_name` says in messages what the first index counts; `initial` is what an entry holds at first and
-    /// after clear.
-    constexpr explicit Table(const char *row_name, const T &initial = T())
-        : row_name_(row_name), initial_(initial)
+    /// `name` says in messages what the index counts; `initial` is what every entry holds at first.
+    constexpr explicit Table(const char *name, const T &initial = T()) : name_(name)
     {
         entries_.fill(initial);
     }
 
-    template <typename Row, typename Column = int> T &operator()(Row row, Column column = Columns.first)
+    template <typename Index> T &operator()(Index index) { return entries_[place_in(Rows, index, name_)]; }
+    template <typename Index> const T &operator()(Index index) const
     {
-        return entries_[offset(row, Rows, row_name_) +
-                        static_cast<std::size_t>(Rows.size()) * offset(column, Columns, "object")];
+        return entries_[place_in(Rows, index, name_)];
     }
 
-    template <typename Row, typename Column = int>
-    const T &operator()(Row row, Column column = Columns.first) const
+    /// Whether `index` lies within the bounds.
+    static bool has(double index)
     {
-        return const_cast<Table &>(*this)(row, column);
-    }
-
-    /// Whether `row` lies within the bounds.
-    static bool has(double row)
-    {
-        const double number = round_half_even(row);
+        const double number = round_half_even(index);
         return number >= Rows.first && number <= Rows.last;
     }
 
-    /// Puts the entries of the columns up to `last` back to what they held at first.
-    void clear(int last = Columns.last)
-    {
-        std::fill_n(entries_.begin(), Rows.size() * (last - Columns.first + 1), initial_);
-    }
-
   private:
-    template <typename Index> static std::size_t offset(Index index, Range range, const char *name)
-    {
-        std::uint64_t number = 0; // from range.first on; one below it becomes a very large one
-        if constexpr (std::is_floating_point_v<Index>) {
-            // Around here doubles are the whole numbers, and their bits count on with them: the sum is
-            // rounded, halves to even. The bits of a sum that left this region, of NaN too, are far from its
-            // own.
-            constexpr double whole_numbers = 1.5 * (std::int64_t{1} << 52);
-            number = std::bit_cast<std::uint64_t>(index + whole_numbers) -
-                     std::bit_cast<std::uint64_t>(whole_numbers + range.first);
-        } else {
-            number = static_cast<std::uint64_t>(std::int64_t{index} - range.first);
-        }
-        if (number >= static_cast<std::uint64_t>(range.size())) [[unlikely]]
-            outside(index, range, name);
-        return number;
-    }
-
-    [[noreturn]] static void outside(double index, Range range, const char *name)
-    {
-        throw RunError(Fault::index, std::string(name) + ' ' + message_number(index) + " is outside " +
-                                         std::to_string(range.first) + " to " + std::to_string(range.last));
-    }
-
-    const char *row_name_;
-    T initial_;
-    std::array<T, static_cast<std::size_t>(Rows.size() * Columns.size())> entries_{};
+    const char *name_;
+    std::array<T, static_cast<std::size_t>(Rows.size())> entries_{};
 };
 
 } // namespace marlogl

@@ -1,139 +1,127 @@
 #include "dispatch/dispatch.h"
 
-#include "design/scene.h"
-#include "emit/output.h"
-#include "emit/vertex_table.h"
 #include "generators/generators.h"
-
-#include <span>
 
 namespace marlogl {
 
 namespace {
 
-struct Kind {
-    int type;
-    std::string_view name;
-    void (*save)();
+constexpr int none = 1 << 16; // beyond all type codes
+
+constexpr Kind kinds[] = {
+    {"gabled house",               {1, 23},    draw_gabled_house     },
+    {"structure with antennas",    {11, 6},    draw_structure        },
+    {"extruded polygon",           {4, 18},    draw_extruded_polygon },
+    {"two-sided extruded polygon", {3, 5},     draw_two_sided_polygon},
+    {"hip roof",                   {13, 9},    draw_hip_roof         },
+    {"sign board",                 {16, 4},    draw_sign             },
+    {"cone",                       {14, 11},   draw_cone             },
+    {"tower",                      {7, 22},    draw_tower            },
+    {"wheel",                      {22, 19},   draw_wheel            },
+    {"sphere with basket",         {15, 12},   draw_basket_sphere    },
+    {"flag",                       {none, 13}, draw_flag             },
+    {"capped cylinder",            {12, 7},    draw_cylinder         },
+    {"roads",                      {17, 21},   draw_roads            },
+    {"fence",                      {20, 20},   draw_fence            },
+    {"fence",                      {21, none}, draw_fence            },
+    {"fence",                      {23, none}, draw_fence            },
+    {"digital clock",              {none, 2},  draw_clock            },
+    {"profiled-roof house",        {5, none},  draw_profiled_house   },
+    {"beam",                       {2, none},  draw_beam             },
+    {"guyed mast",                 {6, none},  draw_mast             },
+    {"pole with pennant",          {9, none},  draw_pennant          },
+    {"tree",                       {19, none}, draw_tree             },
 };
 
-constexpr Kind version1[] = {
-    {1,  "save_house",         save_house        },
-    {2,  "save_beam",          save_beam         },
-    {3,  "save_poly",          save_poly         },
-    {4,  "save_bigpoly",       save_bigpoly      },
-    {5,  "save_building",      save_building     },
-    {6,  "save_mast",          save_mast         },
-    {7,  "save_tower",         save_tower        },
-    {9,  "save_panel",         save_panel        },
-    {11, "save_structure",     save_structure    },
-    {12, "save_cylinder",      save_cylinder     },
-    {13, "save_base",          save_base         },
-    {14, "save_cone",          save_cone         },
-    {15, "save_basket_sphere", save_basket_sphere},
-    {16, "save_sign",          save_sign         },
-    {17, "save_roads",         save_roads        },
-    {19, "save_tree",          save_tree         },
-    {20, "save_fence",         save_fence        },
-    {21, "save_fence",         save_fence        },
-    {23, "save_fence",         save_fence        },
-    {22, "save_wheel",         save_wheel        },
-};
-
-constexpr Kind version2[] = {
-    {2,  "save_digital",       save_digital      },
-    {4,  "save_sign",          save_sign         },
-    {5,  "save_poly",          save_poly         },
-    {6,  "save_structure",     save_structure    },
-    {7,  "save_cylinder",      save_cylinder     },
-    {9,  "save_base",          save_base         },
-    {11, "save_cone",          save_cone         },
-    {12, "save_basket_sphere", save_basket_sphere},
-    {13, "save_flag",          save_flag         },
-    {18, "save_bigpoly",       save_bigpoly      },
-    {19, "save_wheel",         save_wheel        },
-    {20, "save_fence",         save_fence        },
-    {21, "save_roads",         save_roads        },
-    {22, "save_tower",         save_tower        },
-    {23, "save_house",         save_house        },
-};
-
-const Kind *find_kind(std::span<const Kind> kinds, int type)
+void translation_line(Output &out, double x, double y, double z)
 {
-    for (const Kind &kind : kinds)
-        if (kind.type == type)
-            return &kind;
-    return nullptr;
+    out.line("glTranslated( ", p0(x), ", ", p0(y), ", ", p0(z), " );");
 }
 
-void translation_line(double x, double y, double z)
+void rotation_line_1(Output &out, double angle)
 {
-    write_line("glTranslated( ", p0(x), ", ", p0(y), ", ", p0(z), " );");
+    out.line("glRotated( ", p0(angle), " ,0 ,0 , 1 );");
 }
 
-void rotation_line_1(double angle)
+void rotation_line_2(Output &out, double angle)
 {
-    write_line("glRotated( ", p0(angle), " ,0 ,0 , 1 );");
+    out.line("glRotated( ", p0(angle), ",0 ,0 , 1 );");
 }
 
-void rotation_line_2(double angle)
+constexpr void (*rotation_lines[])(Output &, double) = {rotation_line_1, rotation_line_2};
+
+int type_of(const Scene &scene, int number)
 {
-    write_line("glRotated( ", p0(angle), ",0 ,0 , 1 );");
+    const auto index = static_cast<std::size_t>(number - 1);
+    return index < scene.objects.size() ? scene.objects[index].type : 0;
 }
 
-void save_object(int object, std::span<const Kind> kinds, void (*rotation_line)(double))
+// What a message calls an object: object 12 "Water tower" (type 18, extruded polygon).
+std::string description(const Scene &scene, int number, int version)
 {
-    List1.clear();
-    List2.clear();
-    work_flag = false;
-    current_object = object;
-    const int drawn = instance_of(object);
+    const int drawn = instance_of(scene, number), type = type_of(scene, drawn);
+    const Kind *kind = find_kind(version, type);
+    return "object " + std::to_string(number) + ' ' +
+           quoted(scene.objects[static_cast<std::size_t>(number - 1)].name) + " (" +
+           (drawn == number ? "" : "drawn as object " + std::to_string(drawn) + ", ") + "type " +
+           std::to_string(type) + (kind != nullptr ? ", " + std::string(kind->name) : "") + ')';
+}
 
-    placement_x = numeric_value(object_x(object));
-    placement_y = numeric_value(object_y(object));
-    placement_z = 0;
-    placement_moved = placement_x != 0 || placement_y != 0;
-    const double angle = object_param(61, object);
-    if (placement_moved)
-        translation_line(placement_x, placement_y, placement_z);
+void draw(Drawing &drawing, const Scene &scene, int number, int version)
+{
+    Output &out = drawing.out;
+    const Object &object = scene.objects[static_cast<std::size_t>(number - 1)];
+    out.line(comment_prefix, "*** Sequence ", p00(number));
+    out.line(comment_prefix, "*** ", object.name);
+
+    const double x = numeric_value(object.x), y = numeric_value(object.y), angle = object.parameters(61);
+    const bool moved = x != 0 || y != 0;
+    const auto rotation_line = rotation_lines[version - 1];
+    if (moved)
+        translation_line(out, x, y, 0);
     if (angle != 0)
-        rotation_line(-angle);
+        rotation_line(out, -angle);
 
-    texture_active = false;
-    current_object = drawn;
-    if (const Kind *kind = find_kind(kinds, object_type(drawn)))
-        kind->save();
-    current_object = object;
+    const int drawn = instance_of(scene, number);
+    if (const Kind *kind = find_kind(version, type_of(scene, drawn))) {
+        drawing.points.restart();
+        Pen pen{drawing, scene.objects[static_cast<std::size_t>(drawn - 1)], drawn};
+        kind->draw(pen);
+    }
 
     if (angle != 0)
-        rotation_line(angle);
-    if (placement_moved)
-        translation_line(-placement_x, -placement_y, -placement_z);
-    texture_active = false;
+        rotation_line(out, angle);
+    if (moved)
+        translation_line(out, -x, -y, 0);
 }
 
 } // namespace
 
-void Save_MARL1(int www)
+const Kind *find_kind(int version, int type)
 {
-    save_object(www, version1, rotation_line_1);
+    for (const Kind &kind : kinds)
+        if (kind.types[version - 1] == type)
+            return &kind;
+    return nullptr;
 }
 
-void Save_MARL2(int www)
+int instance_of(const Scene &scene, int number)
 {
-    save_object(www, version2, rotation_line_2);
+    const Object &object = scene.objects[static_cast<std::size_t>(number - 1)];
+    const double reference = numeric_value(object.codes(30));
+    return reference < 1 || reference > object_numbers.last ? number : static_cast<int>(reference);
 }
 
-std::string generator_name(int version, int type)
+void draw_object(Drawing &drawing, const Scene &scene, int number, int version)
 {
-    const Kind *kind = version == 1 ? find_kind(version1, type) : find_kind(version2, type);
-    return kind != nullptr ? std::string(kind->name) : std::string();
-}
-
-int instance_of(int object)
-{
-    const double reference = numeric_value(object_code(30, object));
-    return reference < 1 || reference > objects.last ? object : static_cast<int>(reference);
+    try {
+        draw(drawing, scene, number, version);
+    } catch (const RunError &error) {
+        // A file's error names the file, and is nobody's fault in the scene.
+        if (error.fault == Fault::input_output)
+            throw;
+        throw error.at(description(scene, number, version));
+    }
 }
 
 } // namespace marlogl

@@ -1,20 +1,31 @@
-// Places an object, calls the generator of its kind, and takes the placement back.
+// The kinds of objects, and the lines around an object: places it, draws it, and takes the placement back.
 #pragma once
 
+#include "emit/pen.h"
+
 #include <string>
+#include <string_view>
 
 namespace marlogl {
 
-/// Writes object `www`, 1 to 70, of a version-1 or a version-2 design file: placement lines, the geometry of
-/// the object itself or of the one that its code slot 30 names, undo lines. An unknown type has no geometry.
-/// Errors: overflow for a position that is too large; those of the generators.
-void Save_MARL1(int www);
-void Save_MARL2(int www);
+/// A kind of object: its name in the manual, its type code in either version, and what draws it.
+struct Kind {
+    std::string_view name;
+    int types[2]; // version 1, version 2
+    void (*draw)(Pen &pen);
+};
 
-/// The name of the generator that draws a type in a version (1 or 2), else an empty text.
-std::string generator_name(int version, int type);
+/// The kind of a type code in a version, 1 or 2; null for a type that draws nothing.
+const Kind *find_kind(int version, int type);
 
-/// The object whose tables draw object `object`: the one that its code slot 30 names, or itself.
-int instance_of(int object);
+/// The object whose tables draw object `number`, 1 to 70: the one that its code slot 30 names, or itself. It
+/// need not exist.
+int instance_of(const Scene &scene, int number);
+
+/// Draws object `number` of a scene of a version, 1 or 2: comment lines, placement lines, the geometry of the
+/// object itself or of the one that it is an instance of, undo lines. An unknown type has no geometry.
+/// Errors: overflow for a position that is too large; those of the drawing functions. The message names the
+/// object.
+void draw_object(Drawing &drawing, const Scene &scene, int number, int version);
 
 } // namespace marlogl

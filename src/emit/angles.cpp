@@ -1,9 +1,7 @@
 // Sine and cosine of whole degrees. The C libraries differ in the last bit for a few of them, and a vertex
 // coordinate that is cut to a whole number shows such a bit; so the compiler works them out, with twice the
 // digits.
-#include "emit/number_text.h"
-
-#include "host/run_error.h"
+#include "emit/angles.h"
 
 #include <array>
 
@@ -82,12 +80,12 @@ constexpr Degrees sines = table(1), cosines = table(0);
 
 } // namespace
 
-double fncos(int degrees)
+double cosine(int degrees)
 {
     return cosines[static_cast<std::size_t>(degrees)];
 }
 
-double fnsin(int degrees)
+double sine(int degrees)
 {
     return sines[static_cast<std::size_t>(degrees)];
 }

@@ -1,10 +1,10 @@
-// The lines that generators share: vertices, colours, and the statements around them.
+// The lines that drawing functions share: vertices, colours, and the statements around them.
 #pragma once
 
-#include "design/scene.h"
-#include "emit/colour_table.h"
+#include "design/colour_table.h"
+#include "design/text.h"
 #include "emit/output.h"
-#include "emit/vertex_table.h"
+#include "emit/points.h"
 
 namespace marlogl {
 
@@ -12,75 +12,74 @@ namespace marlogl {
 inline constexpr char comment_prefix[] = "//                                                  ";
 static_assert(sizeof comment_prefix == 52 + 1);
 
-// Errors of all of them: input_output; those of the number texts and of vertex().
+// Errors of all of them: input_output; those of the number texts.
 
-inline void vertex_line(double x, double y, double z)
+inline void vertex_line(Output &out, double x, double y, double z)
 {
-    write_line("      glVertex3d( ", p0(x), ", ", p0(y), ", ", p0(z), " );");
+    out.line("      glVertex3d( ", p0(x), ", ", p0(y), ", ", p0(z), " );");
 }
 
-/// The vertex line of a recorded point.
-inline void vertex_line(double point)
+inline void texture_line(Output &out, double u, double v)
 {
-    const Vertex &v = vertex(point);
-    vertex_line(v.x, v.y, v.z);
+    out.line("      glTexCoord2f( ", texture_u(u), ", ", texture_v(v), " );");
 }
 
-inline void texture_line(double u, double v)
+inline void normal_line(Output &out, double x, double y, double z)
 {
-    write_line("      glTexCoord2f( ", fntexu(u), ", ", fntexv(v), " );");
+    out.line("      glNormal3d( ", p2(p6(x)), ", ", p2(p6(y)), ", ", p2(p6(z)), " );");
 }
 
-inline void begin_polygon_line()
+inline void bind_lines(Output &out, std::string_view texture)
 {
-    write_line("glBegin( GL_POLYGON );");
+    out.line("BindTexture( \"", texture, ".bmp\" );");
+    out.line("glEnable( GL_TEXTURE_2D );");
 }
 
-inline void begin_lines_line()
+inline void begin_polygon_line(Output &out)
 {
-    write_line("glBegin( GL_LINES ); ");
+    out.line("glBegin( GL_POLYGON );");
 }
 
-inline void normal_line(double x, double y, double z)
+inline void begin_lines_line(Output &out)
 {
-    write_line("      glNormal3d( ", fnform2(p6(x)), ", ", fnform2(p6(y)), ", ", fnform2(p6(z)), " );");
+    out.line("glBegin( GL_LINES ); ");
 }
 
-inline void gl_end_line()
+inline void end_line(Output &out)
 {
-    write_line("glEnd();");
+    out.line("glEnd();");
 }
 
 /// The colour of a colour text: characters 3 to 11 are red, green and blue.
-inline void colour_line(const Text<11> &colour)
+inline void colour_line(Output &out, const Text<11> &colour)
 {
-    write_line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ",
-               columns(colour, 9, 11), " );");
+    out.line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ", columns(colour, 9, 11),
+             " );");
 }
 
 /// The same line with a blank at its end.
-inline void colour_line_blank(const Text<11> &colour)
+inline void colour_line_blank(Output &out, const Text<11> &colour)
 {
-    write_line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ",
-               columns(colour, 9, 11), " ); ");
+    out.line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ", columns(colour, 9, 11),
+             " ); ");
 }
 
 /// The colour of an entry of the colour table.
-inline void table_colour_line(const ColourEntry &entry)
+inline void colour_line(Output &out, const TableColour &colour)
 {
-    write_line("glColor3ub( ", entry.red(), ", ", entry.green(), ", ", entry.blue(), " ); ");
+    out.line("glColor3ub( ", colour.red(), ", ", colour.green(), ", ", colour.blue(), " ); ");
 }
 
 // Scenery commands: move or draw to a point, whose number stands behind a blank.
 
-inline void move_line(double point)
+inline void move_line(Output &out, double point)
 {
-    write_line("MoveToPt( ", spaced(point), " )");
+    out.line("MoveToPt( ", spaced(point), " )");
 }
 
-inline void draw_line(double point)
+inline void draw_line(Output &out, double point)
 {
-    write_line("DrawToPt( ", spaced(point), " )");
+    out.line("DrawToPt( ", spaced(point), " )");
 }
 
 } // namespace marlogl

@@ -1,6 +1,6 @@
 #include "emit/number_text.h"
 
-#include "host/run_error.h"
+#include "base/run_error.h"
 
 #include <algorithm>
 #include <charconv>
@@ -63,7 +63,7 @@ Decimal rounded(Decimal number, int decimals)
 
 } // namespace
 
-double fnround(double x, int decimals)
+double round_decimals(double x, int decimals)
 {
     double p = 1;
     for (int i = 0; i < decimals; ++i)
@@ -106,7 +106,7 @@ char *put_beyond_texture(char *at, double pixel)
         *at = '.';
         at = put_three(put_three(at + 1, millionths / 1000), millionths);
     } else {
-        at = put_rounded(at, fnround(pixel / 255, 6), 6);
+        at = put_rounded(at, round_decimals(pixel / 255, 6), 6);
     }
     *at = 'f';
     return at + 1;

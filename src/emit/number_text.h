@@ -1,5 +1,4 @@
-// Every number of the output: its pattern, and the helpers that angles, texture positions and colours go
-// through.
+// Every number of the output: its pattern, and the helpers that texture positions and colours go through.
 #pragma once
 
 #include "design/number.h"
@@ -12,7 +11,7 @@
 
 namespace marlogl {
 
-// Number texts are parts of write_line; the number becomes text where the line is built. All patterns use "."
+// Number texts are parts of a line; the number becomes text where the line is built. All patterns use "."
 // as decimal separator, group nothing, write a digit before the point, and round in decimal: the value is
 // taken to 15 significant digits and then rounded, halves away from zero. A value that rounds to zero has no
 // sign. Errors, when the text is made: overflow for a value that is not finite.
@@ -70,12 +69,12 @@ constexpr BlankPattern blank_p0(double x)
 }
 
 /// The text of a number again, with two or with four decimals.
-constexpr AgainPattern<2> fnform2(Pattern<6> text)
+constexpr AgainPattern<2> p2(Pattern<6> text)
 {
     return {text.value};
 }
 
-constexpr AgainPattern<4> fnform4(Pattern<6> text)
+constexpr AgainPattern<4> p4(Pattern<6> text)
 {
     return {text.value};
 }
@@ -101,36 +100,26 @@ constexpr HexText hex(double x)
 }
 
 /// A hexadecimal text of at least two digits.
-constexpr HexText fnhexa(HexText kar)
+constexpr HexText two_digit_hex(HexText text)
 {
-    return {kar.value, 2};
+    return {text.value, 2};
 }
 
-/// Texture coordinate of a pixel position, whose whole part counts: 0 to 255 become 0 to 1 with fntexu and,
-/// the vertical axis being flipped, 1 to 0 with fntexv. Nothing is clamped. Six decimals and the letter f.
-inline TextureText fntexu(double x)
+/// Texture coordinate of a pixel position, whose whole part counts: 0 to 255 become 0 to 1 with texture_u
+/// and, the vertical axis being flipped, 1 to 0 with texture_v. Nothing is clamped. Six decimals and the
+/// letter f.
+inline TextureText texture_u(double x)
 {
     return {whole(x)};
 }
 
-inline TextureText fntexv(double x)
+inline TextureText texture_v(double x)
 {
     return {255 - whole(x)};
 }
 
-/// 255 minus the whole part of `x`, converted to text.
-inline SpacedText fnflip(double x)
-{
-    return spaced(255 - whole(x));
-}
-
-/// Cosine and sine of an angle of 0 to 359 whole degrees, with 3.1415926 for pi: the exact values rounded to
-/// double, the same with every compiler and library.
-double fncos(int degrees);
-double fnsin(int degrees);
-
 /// `x` rounded to `decimals` decimals (0 to 15), halves away from zero.
-double fnround(double x, int decimals);
+double round_decimals(double x, int decimals);
 
 namespace output {
 

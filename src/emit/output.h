@@ -1,36 +1,17 @@
-// The one output channel: lines, appended in call order, each ended by CR LF.
+// The output of a conversion: lines, appended in call order, each ended by CR LF.
 #pragma once
 
 #include "emit/number_text.h"
-#include "host/list_box.h"
+#include "host/file_system.h"
 
 #include <cstring>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace marlogl {
 
-/// Opens the output file and empties it. Errors: missing_file (no such folder), input_output.
-void open_output(const std::string &path);
-
-/// Writes what is still in the buffer and closes the output. Errors: input_output.
-void close_output();
-
-/// Writes what can still be written after a failed run. Raises nothing; after a failed write it does nothing.
-void abandon_output() noexcept;
-
 namespace output {
-
-/// Lines are built in place in this buffer; between two calls of write_line it holds whole lines only.
-inline constexpr std::size_t capacity = 128 * 1024;
-extern char buffer[capacity];
-extern char *next;
-
-/// Writes the buffer to the file and empties it. Errors: input_output.
-void flush();
-
-/// Writes one line that is too long for the buffer, its end included. Errors: input_output.
-void write_long(std::string_view line);
 
 // A part of a line is a literal, a text or a number text. most_characters bounds its length; put writes it.
 template <std::size_t Size> constexpr std::size_t most_characters(const char (&)[Size])
@@ -63,43 +44,50 @@ template <typename... Parts> char *put_line(char *at, const Parts &...parts)
 
 } // namespace output
 
-/// Appends one line: the parts in their order, then CR LF. A part is a literal, a text or a number text such
-/// as p0(x); a bare number is none. Errors: those of the number texts, and then nothing of the line is
-/// written; input_output.
-template <typename... Parts> void write_line(const Parts &...parts)
-{
-    using namespace output;
-    const std::size_t most = (most_characters(parts) + ... + 2);
-    if (most > static_cast<std::size_t>(buffer + capacity - next)) [[unlikely]] {
-        if (most > capacity) {
-            std::string line(most, '\0');
-            write_long({line.data(), put_line(line.data(), parts...)});
-            return;
+class Output {
+  public:
+    static constexpr std::size_t capacity = 128 * 1024;
+
+    /// Creates the file, or empties it. Errors: missing_file (no such folder), input_output.
+    Output(FileSystem &files, const std::string &path);
+    Output(const Output &) = delete;
+    Output &operator=(const Output &) = delete;
+    /// Unless the output was closed, a conversion has failed: writes the lines that can still be written.
+    ~Output();
+
+    /// Appends one line: the parts in their order, then CR LF. A part is a literal, a text or a number text
+    /// such as p0(x); a bare number is none. Errors: those of the number texts, and then nothing of the line
+    /// is written; input_output.
+    template <typename... Parts> void line(const Parts &...parts)
+    {
+        using namespace output;
+        const std::size_t most = (most_characters(parts) + ... + 2);
+        if (most > static_cast<std::size_t>(buffer_.get() + capacity - next_)) [[unlikely]] {
+            if (most > capacity) {
+                std::string long_line(most, '\0');
+                write_long({long_line.data(), put_line(long_line.data(), parts...)});
+                return;
+            }
+            flush();
         }
-        flush();
+        next_ = put_line(next_, parts...);
     }
-    next = put_line(next, parts...);
-}
 
-/// Calls `use` with the parts as one text. They hold 2000 characters at the most.
-template <typename Use, typename... Parts> auto with_text(Use use, const Parts &...parts)
-{
-    char text[2000];
-    char *end = text;
-    ((end = output::put(end, parts)), ...);
-    return use(std::string_view(text, static_cast<std::size_t>(end - text)));
-}
+    /// Writes what is still in the buffer and closes the file. Errors: input_output.
+    void close();
 
-/// Adds the parts as one text to a list.
-template <typename... Parts> void add_entry(ListBox &list, const Parts &...parts)
-{
-    with_text([&](std::string_view text) { list.add(text); }, parts...);
-}
+  private:
+    std::string_view pending() const
+    {
+        return {buffer_.get(), static_cast<std::size_t>(next_ - buffer_.get())};
+    }
+    void flush();
+    void write_long(std::string_view line);
 
-/// The parts as one text.
-template <typename... Parts> std::string text_of(const Parts &...parts)
-{
-    return with_text([](std::string_view text) { return std::string(text); }, parts...);
-}
+    std::unique_ptr<OutputFile> file_;
+    // Lines are built in place; between two calls it holds whole lines only.
+    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
+    char *next_ = buffer_.get();
+};
 
 } // namespace marlogl

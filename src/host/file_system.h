@@ -1,5 +1,5 @@
-// The files of a run, as the operating system or, in tests, the memory holds them. Names are exact here;
-// paths.h knows how a design file spells them.
+// The files of a conversion, as the operating system or the memory holds them. Names are exact here; paths.h
+// knows how a design file spells them.
 #pragma once
 
 #include <cstddef>
@@ -29,6 +29,12 @@ class OutputFile {
 
     /// Errors: input_output, when what was written can't be kept.
     virtual void close() = 0;
+
+    /// Instead of write and close once something has failed: writes what the file still takes of `text`.
+    virtual void abandon(std::string_view text) noexcept = 0;
+
+    /// Closes and deletes the file, if that can be done.
+    virtual void discard() noexcept = 0;
 };
 
 class FileSystem {
@@ -66,10 +72,7 @@ class FileSystem {
     virtual std::string current_folder() = 0;
 };
 
-/// The file system that a run works on: the operating system's, unless use_file_system named another.
-FileSystem &file_system();
-
-/// Lets the following runs work on `files` (null: the operating system's again), which must outlive them.
-void use_file_system(FileSystem *files);
+/// The operating system's files.
+std::unique_ptr<FileSystem> system_files();
 
 } // namespace marlogl

@@ -1,13 +1,13 @@
 #include "host/lines.h"
 
-#include "host/run_error.h"
+#include "base/run_error.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace marlogl {
 
-LineReader::LineReader(const std::string &path) : path_(path), file_(file_system().open(path))
+LineReader::LineReader(FileSystem &files, const std::string &path) : path_(path), file_(files.open(path))
 {
     if (!file_)
         throw RunError(Fault::missing_file, "cannot open " + quoted_path(path) + ": there is no such file");

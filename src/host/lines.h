@@ -15,7 +15,7 @@ class LineReader {
 
     /// Opens a file by its exact name.
     /// Errors: missing_file, input_output.
-    explicit LineReader(const std::string &path);
+    LineReader(FileSystem &files, const std::string &path);
 
     /// The next line without its end, at most its first `most` bytes; valid until the next call.
     /// Errors: past_end when the file has no further line, input_output.

@@ -1,6 +1,6 @@
 // The operating system's files and process: the only source that knows the platform.
+#include "base/run_error.h"
 #include "host/file_system.h"
-#include "host/run_error.h"
 #include "host/system.h"
 
 #include <algorithm>
@@ -244,17 +244,8 @@ class SystemOutputFile : public OutputFile {
 
     void write(std::string_view text) override
     {
-        const std::size_t written = write_all(file_.number, text);
-        if (written < text.size()) {
-            const int cause = errno;
-            const std::size_t last_end = text.substr(0, written).rfind('\n');
-            const std::size_t whole_lines = last_end == text.npos ? 0 : last_end + 1;
-            // A device or a pipe can't be cut; what it took stays.
-            cut(file_.number, size_ + static_cast<std::int64_t>(whole_lines));
-            errno = cause;
+        if (!take(text))
             fail("write", file_.path);
-        }
-        size_ += static_cast<std::int64_t>(written);
     }
 
     void close() override
@@ -264,9 +255,38 @@ class SystemOutputFile : public OutputFile {
             fail("close", file_.path);
     }
 
+    // After a failed write nothing is taken any more: it would stand behind a gap.
+    void abandon(std::string_view text) noexcept override { take(text); }
+
+    void discard() noexcept override
+    {
+        ::close(std::exchange(file_.number, -1));
+        delete_file(file_.path);
+    }
+
   private:
+    // Whether the file took all of `text`; else errno tells why not.
+    bool take(std::string_view text) noexcept
+    {
+        if (full_)
+            return false;
+        const std::size_t written = write_all(file_.number, text);
+        full_ = written < text.size();
+        if (full_) {
+            const int cause = errno;
+            const std::size_t last_end = text.substr(0, written).rfind('\n');
+            const std::size_t whole_lines = last_end == text.npos ? 0 : last_end + 1;
+            // A device or a pipe can't be cut; what it took stays.
+            cut(file_.number, size_ + static_cast<std::int64_t>(whole_lines));
+            errno = cause;
+        }
+        size_ += static_cast<std::int64_t>(written);
+        return !full_;
+    }
+
     Descriptor file_;
     std::int64_t size_ = 0;
+    bool full_ = false;
 };
 
 class SystemFiles : public FileSystem {
@@ -329,19 +349,11 @@ class SystemFiles : public FileSystem {
     }
 };
 
-SystemFiles system_files;
-FileSystem *files_in_use = &system_files;
-
 } // namespace
 
-FileSystem &file_system()
+std::unique_ptr<FileSystem> system_files()
 {
-    return *files_in_use;
-}
-
-void use_file_system(FileSystem *files)
-{
-    files_in_use = files != nullptr ? files : &system_files;
+    return std::make_unique<SystemFiles>();
 }
 
 void prepare_process()

@@ -1,8 +1,7 @@
 #include "host/paths.h"
 
+#include "base/letters.h"
 #include "host/file_system.h"
-#include "host/letters.h"
-#include "host/run_error.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -13,8 +12,6 @@ namespace marlogl {
 
 namespace {
 
-std::string program_directory = ".";
-
 constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
 bool is_separator(char c)
@@ -23,10 +20,10 @@ bool is_separator(char c)
 }
 
 // The names in `folder` that `name` may mean: itself, then those that differ in case only, in byte order.
-std::vector<std::string> spellings(const std::string &folder, std::string_view name)
+std::vector<std::string> spellings(FileSystem &files, const std::string &folder, std::string_view name)
 {
     std::vector<std::string> names;
-    for (std::string &entry : file_system().names_in(folder.empty() ? "." : folder))
+    for (std::string &entry : files.names_in(folder.empty() ? "." : folder))
         if (entry != name && same_letters(entry, name))
             names.push_back(std::move(entry));
     std::sort(names.begin(), names.end());
@@ -43,6 +40,8 @@ struct Found {
 // by the same places again and again.
 class Search {
   public:
+    explicit Search(FileSystem &files) : files_(files) {}
+
     // The first existing path that the spelled path `rest` leads to from `start`, else an empty text.
     std::string find(const std::string &start, std::string_view rest)
     {
@@ -77,25 +76,16 @@ class Search {
         if (is_new) {
             const bool spelled = name != "." && name != "..";
             for (const std::string &spelling :
-                 spelled ? spellings(folder.path, name) : std::vector<std::string>{name})
-                if (std::string identity = file_system().identity(folder.path + spelling); !identity.empty())
+                 spelled ? spellings(files_, folder.path, name) : std::vector<std::string>{name})
+                if (std::string identity = files_.identity(folder.path + spelling); !identity.empty())
                     known->second.push_back({spelling, std::move(identity)});
         }
         return known->second;
     }
 
+    FileSystem &files_;
     std::map<std::pair<std::string, std::string>, std::vector<Found>> known_;
 };
-
-// The name under which `rest` exists behind `start`, which is spelled as it is.
-std::string find_file(const std::string &start, const std::string &rest)
-{
-    std::string path = start + rest;
-    if (path.empty() || file_system().exists(path))
-        return path;
-    std::string found = Search().find(start, rest);
-    return found.empty() ? path : found;
-}
 
 } // namespace
 
@@ -106,38 +96,13 @@ std::string native_path(std::string_view path)
     return native;
 }
 
-std::string find_file(const std::string &path)
+std::string find_file(FileSystem &files, const std::string &path, const std::string &folder)
 {
-    return find_file("", path);
-}
-
-void locate_program()
-{
-    const std::string folders[] = {file_system().executable_folder(), "."};
-    const std::string name = native_path("\\MarlOgl.dat");
-    // Only a program without the exact name in both folders lists what is in them, which may be much.
-    for (const bool exact : {true, false})
-        for (const std::string &folder : folders)
-            if (file_system().exists(exact ? folder + name : find_file(folder, name))) {
-                program_directory = folder;
-                return;
-            }
-    const std::string beside = quoted_path(folders[0]), current = quoted_path(file_system().current_folder());
-    throw RunError(
-        Fault::missing_file,
-        "there is no MarlOgl.dat (the run configuration, which names the design file and the output) " +
-            (beside == current ? "beside the program, in the current folder " + current
-                               : "in " + beside + " or in the current folder " + current));
-}
-
-std::string program_file(std::string_view name)
-{
-    return program_directory + native_path(name);
-}
-
-std::string find_program_file(std::string_view name)
-{
-    return find_file(program_directory, native_path(name));
+    const std::string exact = folder + path;
+    if (exact.empty() || files.exists(exact))
+        return exact;
+    std::string found = Search(files).find(folder, path);
+    return found.empty() ? exact : found;
 }
 
 } // namespace marlogl

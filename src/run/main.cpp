@@ -1,6 +1,6 @@
 // The program MarlOgl.
 #include "host/entry.h"
-#include "run/run.h"
+#include "run/program.h"
 
 int marlogl::start(int argument_count, const char *const *arguments)
 {

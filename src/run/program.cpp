@@ -1,10 +1,14 @@
-#include "host/run_error.h"
+#include "run/program.h"
+
+#include "base/run_error.h"
 #include "host/system.h"
-#include "run/run.h"
+#include "run/configuration.h"
+#include "run/convert.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <exception>
+#include <memory>
 #include <new>
 #include <string>
 
@@ -33,27 +37,35 @@ constexpr std::string_view no_memory = "there is not enough memory";
 enum Descriptor { standard_output = 1, standard_error = 2 };
 
 // Prints the one line of a run. It takes no memory: that may be what is missing.
-void tell(std::string_view text)
+void tell(std::string_view kind, std::string_view text)
 {
-    static char line[8192] = "MarlOgl: ";
-    constexpr std::size_t start = 9, most = sizeof line - start - 1;
-    char *end = std::transform(text.begin(), text.begin() + std::min(text.size(), most), line + start,
-                               [](unsigned char c) { return c < ' ' ? '?' : static_cast<char>(c); });
+    constexpr std::size_t most = 8000;
+    char line[most + 100];
+    char *end = line;
+    for (const std::string_view part : {std::string_view("MarlOgl: "), kind, text.substr(0, most)})
+        end = std::transform(part.begin(), part.end(), end,
+                             [](unsigned char c) { return c < ' ' ? '?' : static_cast<char>(c); });
     *end++ = '\n';
     write_to(standard_error, {line, static_cast<std::size_t>(end - line)});
 }
 
 int fail(std::string_view reason)
 {
-    tell(reason);
+    tell("", reason);
     return 1;
 }
 
-int convert()
+int run_conversion()
 {
     try {
-        if (const std::string warning = Form_Load(); !warning.empty())
-            tell("warning: " + warning);
+        const std::unique_ptr<FileSystem> files = system_files();
+        const Configuration configuration = read_configuration(*files);
+        convert(*files, configuration);
+        if (design_version(configuration.design) == 0)
+            tell("warning: ", "the design file " + quoted_path(configuration.design) +
+                                  " is not converted: its name ends in neither MRL nor MR2");
+        else if (!configuration.warning.empty())
+            tell("warning: ", configuration.warning);
         return 0;
     } catch (const std::bad_alloc &) {
         return fail(no_memory);
@@ -62,10 +74,11 @@ int convert()
     }
 }
 
-// Without memory for an exception, throwing one ends here.
-[[noreturn]] void end_without_memory()
+// Where an exception can't go on: without memory throwing one ends here, too.
+[[noreturn]] void end_at_once()
 {
-    std::_Exit(fail(no_memory));
+    const std::exception_ptr cause = std::current_exception();
+    std::_Exit(fail(cause ? "an error has met another one" : no_memory));
 }
 
 int answer(std::string_view text)
@@ -78,9 +91,9 @@ int answer(std::string_view text)
 int run_program(int argument_count, const char *const *arguments)
 {
     prepare_process();
-    std::set_terminate(end_without_memory);
+    std::set_terminate(end_at_once);
     if (argument_count <= 1)
-        return convert();
+        return run_conversion();
     const std::string_view argument = arguments[1];
     if (argument_count == 2 && argument == "--help")
         return answer(std::string(usage) + '\n' + std::string(help));

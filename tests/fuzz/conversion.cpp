@@ -2,9 +2,10 @@
 //
 // An input is a byte of flags, then sections that a form feed separates: the design file, the run
 // configuration and the colour table. The usual one stands for a section that is missing.
-#include "host/run_error.h"
-#include "run/run.h"
-#include "support/memory_files.h"
+#include "base/run_error.h"
+#include "host/memory_files.h"
+#include "run/configuration.h"
+#include "run/convert.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -79,15 +80,12 @@ Result converted(const Files &inputs)
     Result result;
     MemoryFiles memory;
     memory.files = inputs;
-    use_file_system(&memory);
-    reset();
     try {
-        Form_Load();
+        convert(memory, read_configuration(memory));
     } catch (const RunError &error) {
         result.error = error.what();
         check(!result.error.empty(), "a message says what is wrong");
     }
-    use_file_system(nullptr);
     result.files = std::move(memory.files);
     return result;
 }

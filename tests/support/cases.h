@@ -1,7 +1,8 @@
 // Tables of cases, and the errors that cases expect.
 #pragma once
 
-#include "host/run_error.h"
+#include "base/run_error.h"
+#include "emit/output.h"
 
 #include <gtest/gtest.h>
 
@@ -44,6 +45,15 @@ template <typename Test> void for_each_line(std::string table, Test test)
             std::replace(input.begin(), input.end(), '/', '\n');
             test(input, parts[1]);
         }
+}
+
+/// The parts of a line as one text.
+template <typename... Parts> std::string text_of(const Parts &...parts)
+{
+    char text[4000];
+    char *end = text;
+    ((end = output::put(end, parts)), ...);
+    return {text, end};
 }
 
 constexpr std::string_view fault_names[] = {"index",    "overflow",        "missing file", "past end",

@@ -1,7 +1,9 @@
 #include "support/design.h"
 
-#include "emit/output.h"
-#include "run/run.h"
+#include "run/configuration.h"
+#include "run/convert.h"
+#include "support/cases.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -146,11 +148,9 @@ std::string colour_table(int lines)
 
 Converted convert(MemoryFiles &memory)
 {
-    const Using in_use(memory);
-    reset();
     Converted converted;
     try {
-        Form_Load();
+        convert(memory, read_configuration(memory));
     } catch (const RunError &error) {
         converted.error = error;
     }

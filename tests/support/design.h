@@ -1,8 +1,8 @@
 // Design files for tests, and their conversion in memory.
 #pragma once
 
-#include "host/run_error.h"
-#include "support/memory_files.h"
+#include "base/run_error.h"
+#include "host/memory_files.h"
 
 #include <initializer_list>
 #include <optional>
@@ -61,7 +61,7 @@ struct Converted {
     std::vector<std::string> body() const;
 };
 
-/// Resets all state, converts, and checks what holds for every input: lines end in CR LF, no number is
+/// Converts, and checks what holds for every input: lines end in CR LF, no number is
 /// negative zero, nan or inf, a begin is ended before the next, and every placement is undone.
 Converted convert(const Design &design);
 Converted convert(const Given &given);

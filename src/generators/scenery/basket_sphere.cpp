@@ -33,33 +33,31 @@ std::array<int, 4> rope_points(int ring_count)
 }
 
 // Records the rings; returns the height of the highest.
-double record_rings(Ring ring, double base)
+double record_rings(const Pen &pen, Ring ring, double base)
 {
     constexpr int first_angle = 1;
     double height = base;
     for (int r = 1; r <= rings; ++r) {
-        height += cell(r);
-        const double radius = cell(8 + r) / 2;
+        height += pen.cell(r);
+        const double radius = pen.cell(8 + r) / 2;
         for (int i = 0; i < ring.count; ++i) {
             const int angle = first_angle + ring.angle(i);
-            record(radius * fnsin(angle), radius * fncos(angle), height);
+            pen.record(radius * sine(angle), radius * cosine(angle), height);
         }
     }
     return height;
 }
 
 // The two end points keep their fractions, unlike recorded ones.
-void append_end_points(double bottom, double top)
+void append_end_points(const Pen &pen, double bottom, double top)
 {
-    for (const double z : {bottom, top})
-        add_entry(List1, "0/", p0(z), "@0");
-    for (const double z : {bottom, top})
-        next_vertex() = {0, 0, z};
+    for (const double z : {finite(bottom), finite(top)})
+        pen.to.points.append({0, 0, z});
 }
 
-void record_basket(double base, double basket_height)
+void record_basket(const Pen &pen, double base, double basket_height)
 {
-    const Span edge = centred(cell(16));
+    const Span edge = centred(pen.cell(16));
     const struct {
         double x, y;
     } corners[] = {
@@ -69,91 +67,83 @@ void record_basket(double base, double basket_height)
         {edge.low,  edge.high},
     };
     for (const auto &[x, y] : corners) {
-        record(x, y, base);
-        record(x, y, base + basket_height);
+        pen.record(x, y, base);
+        pen.record(x, y, base + basket_height);
     }
 }
 
-void write_ropes(const Basket &basket, Ring ring)
+void draw_ropes(const Pen &pen, const Basket &basket, Ring ring)
 {
-    write_line("glColor3ub( 255, 255, 255 ); ");
-    begin_lines_line();
+    pen.out().line("glColor3ub( 255, 255, 255 ); ");
+    begin_lines_line(pen.out());
     int corner = 0;
     for (const int point : rope_points(ring.count)) {
-        vertex_line(point);
-        vertex_line(basket.upper(corner++));
+        pen.vertex(point);
+        pen.vertex(basket.upper(corner++));
     }
-    gl_end_line();
+    end_line(pen.out());
 }
 
-void write_basket(Side side, const Basket &basket)
+void draw_basket(const Pen &pen, Side side, const Basket &basket)
 {
-    for (int m = 0; m < 4; ++m) {
-        const FaceSlots slots{7 + m, 25 + 4 * m};
-        write_face(side,
-                   single_face("Basket", slots, slots,
-                               {basket.lower(m), basket.upper(m), basket.upper(m + 1), basket.lower(m + 1)}));
-    }
-    write_face(side, single_face("Basket base", {11, 41}, {11, 41},
-                                 {basket.lower(3), basket.lower(2), basket.lower(1), basket.lower(0)}));
+    for (int m = 0; m < 4; ++m)
+        draw_face(pen, side, {7 + m, 25 + 4 * m},
+                  {basket.lower(m), basket.upper(m), basket.upper(m + 1), basket.lower(m + 1)});
+    draw_face(pen, side, {11, 41}, {basket.lower(3), basket.lower(2), basket.lower(1), basket.lower(0)});
 }
 
-// Writes a triangle of a cap, whose texture positions stand in three slots from `position` on.
-void write_cap_triangle(Side side, int t, int position, int p1, int p2, int p3)
+// Draws a triangle of a cap, whose texture positions stand in three slots from `position` on.
+void draw_cap_triangle(const Pen &pen, Side side, int face, double position, double p1, double p2, double p3)
 {
     if (side == inside)
         std::swap(p1, p3);
-    write3a("", "", "", t, p1, p2, p3, position, position + 1, position + 2);
+    pen.triangle(face, {p1, p2, p3}, {position, position + 1, position + 2});
 }
 
-void write_envelope(Side side, int n, int bottom)
+void draw_envelope(const Pen &pen, Side side, int n, int bottom)
 {
     for (int i = 0; i < n; ++i)
-        write_cap_triangle(side, 12, 50, bottom, i, next(i, n));
+        draw_cap_triangle(pen, side, 12, 50, bottom, i, next(i, n));
     for (int r = 2; r <= rings; ++r) {
-        if (!(cell(r) > 0))
+        if (!(pen.cell(r) > 0))
             continue;
         const int lower = (r - 2) * n, upper = (r - 1) * n;
-        const FaceSlots slots{r - 1, 4 * (r - 2) + 1};
         for (int i = 0; i < n; ++i)
-            write_face(side, single_face("Level ", slots, slots,
-                                         {lower + i, upper + i, upper + next(i, n), lower + next(i, n)}));
+            draw_face(pen, side, {r - 1, 4 * (r - 2) + 1},
+                      {lower + i, upper + i, upper + next(i, n), lower + next(i, n)});
     }
     const int top = bottom + 1, highest = (rings - 1) * n;
     for (int i = 0; i < n; ++i)
-        write_cap_triangle(side, 13, 53, highest + i, top, highest + next(i, n));
+        draw_cap_triangle(pen, side, 13, 53, highest + i, top, highest + next(i, n));
 }
 
 } // namespace
 
-void save_basket_sphere()
+void draw_basket_sphere(Pen &pen)
 {
-    remember_texture("");
-    List1.clear();
-    List2.clear();
-    const bool has_offsets = cell(29) != 0, has_basket = cell(29) == 1;
-    const double base = cell(58);
-    const double basket_height = has_offsets ? cell(17) : 0, gap = has_offsets ? cell(18) : 0;
+    const bool has_offsets = pen.cell(29) != 0, has_basket = pen.cell(29) == 1;
+    const double base = pen.cell(58);
+    const double basket_height = has_offsets ? pen.cell(17) : 0, gap = has_offsets ? pen.cell(18) : 0;
     const double envelope = base + gap + basket_height;
-    const Ring ring = selected_ring(cell(20));
+    const Ring ring = selected_ring(pen.cell(20));
 
-    const double highest = record_rings(ring, envelope);
-    append_end_points(envelope, highest + cell(8));
-    const int bottom = static_cast<int>(List1.count()) - 2;
+    const double highest = record_rings(pen, ring, envelope);
+    const int bottom = pen.count();
+    append_end_points(pen, envelope, highest + pen.cell(8));
     const Basket basket{bottom + 2};
     if (has_basket) {
-        record_basket(base, basket_height);
-        write_ropes(basket, ring);
+        record_basket(pen, base, basket_height);
+        draw_ropes(pen, basket, ring);
     }
     for (const Side side : {inside, outside}) {
-        set_view_side(side);
+        pen.look_from(side);
         if (has_basket)
-            write_basket(side, basket);
+            draw_basket(pen, side, basket);
     }
     // The view side stays outside, also for the inside of the envelope.
-    if (cell(19) == 0)
-        write_envelope(inside, ring.count, bottom);
-    write_envelope(outside, ring.count, bottom);
+    if (pen.cell(19) == 0)
+        draw_envelope(pen, inside, ring.count, bottom);
+    draw_envelope(pen, outside, ring.count, bottom);
 }
 
 } // namespace marlogl

@@ -6,92 +6,89 @@ namespace marlogl {
 
 namespace {
 
-const Text<4> &attribute(double i)
+// What the attribute of a point says.
+struct BeamPoint {
+    const Point &at;
+
+    bool takes_part() const { return at.attribute(3) == 'P'; }
+    bool starts_run() const { return at.attribute(2) == 'S'; }
+    bool skips_closing() const { return at.attribute(4) == 'V'; }
+};
+
+BeamPoint beam_point(const Pen &pen, double i)
 {
-    return point_attr(i, current_object);
+    return {pen.object.points(i)};
 }
 
-bool takes_part(double i)
+void record_points(const Pen &pen, double count, bool upright)
 {
-    return attribute(i)(3) == 'P';
-}
-
-bool starts_run(double i)
-{
-    return attribute(i)(2) == 'S';
-}
-
-bool skips_closing(double i)
-{
-    return attribute(i)(4) == 'V';
-}
-
-void record_points(double count, bool upright)
-{
-    const double base = cell(58), offset = cell(2), rise = cell(5);
+    const double base = pen.cell(58), offset = pen.cell(2), rise = pen.cell(5);
     for (double i = 1; i <= count; ++i) {
-        if (!takes_part(i))
+        const BeamPoint point = beam_point(pen, i);
+        if (!point.takes_part())
             continue;
-        const double px = point_x(i, current_object), py = point_y(i, current_object);
+        const double px = point.at.x, py = point.at.y;
         if (upright) {
-            if (starts_run(i))
-                record(px, base, py + rise);
-            record(px, base + rise - offset, py + rise);
+            if (point.starts_run())
+                pen.record(px, base, py + rise);
+            pen.record(px, base + rise - offset, py + rise);
         } else {
-            if (starts_run(i))
-                record(px, py, base + rise);
-            record(px, py, base + rise - offset);
+            if (point.starts_run())
+                pen.record(px, py, base + rise);
+            pen.record(px, py, base + rise - offset);
         }
     }
 }
 
-void write_triangle(int p1, int p2, int p3)
+void draw_triangle(const Pen &pen, int p1, int p2, int p3)
 {
-    begin_polygon_line();
+    begin_polygon_line(pen.out());
     for (const int point : {p1, p2, p3})
-        vertex_line(point);
-    gl_end_line();
+        pen.vertex(point);
+    end_line(pen.out());
 }
 
 // The drawing so far. The points are counted again, from the runs alone: a first point that starts no run was
 // recorded as point 0, and counts as 1 here.
 struct Fan {
+    const Pen &pen;
     bool doubled;
     int apex = 0, first = 0, previous = 0, last = 0;
 
-    void write_pairs(int p1, int p2, int p3) const
+    void draw_pairs(int p1, int p2, int p3) const
     {
         for (int time = 0; time < (doubled ? 2 : 1); ++time) {
-            write_triangle(p1, p2, p3);
-            write_triangle(p3, p2, p1);
+            draw_triangle(pen, p1, p2, p3);
+            draw_triangle(pen, p3, p2, p1);
         }
     }
 
-    void close() const { write_pairs(previous, apex, first); }
+    void close() const { draw_pairs(previous, apex, first); }
 };
 
 } // namespace
 
-void save_beam()
+void draw_beam(Pen &pen)
 {
-    const double count = cell(50);
+    const double count = pen.cell(point_count_cell);
     if (count < 1)
         return;
-    const bool upright = cell(11) == 1;
-    record_points(count, upright);
-    if (vertex_count == 0)
+    const bool upright = pen.cell(11) == 1;
+    record_points(pen, count, upright);
+    if (pen.count() == 0)
         return;
 
-    colour_line(object_colour(1, current_object));
-    Fan fan{upright && is_true(12)};
+    colour_line(pen.out(), pen.object.colours(1));
+    Fan fan{pen, upright && pen.is_true(12)};
     bool open = false;
     int length = 0;
     for (double i = 1; i <= count; ++i) {
-        if (!takes_part(i))
+        const BeamPoint point = beam_point(pen, i);
+        if (!point.takes_part())
             continue;
-        if (starts_run(i)) {
+        if (point.starts_run()) {
             if (open) {
-                if (!skips_closing(i))
+                if (!point.skips_closing())
                     fan.close();
                 ++fan.last;
             }
@@ -102,11 +99,11 @@ void save_beam()
         } else {
             ++fan.last;
             if (++length > 1)
-                fan.write_pairs(fan.previous, fan.apex, fan.last);
+                fan.draw_pairs(fan.previous, fan.apex, fan.last);
             fan.previous = fan.last;
         }
     }
-    if (!skips_closing(count))
+    if (!beam_point(pen, count).skips_closing())
         fan.close();
 }
 

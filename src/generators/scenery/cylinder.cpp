@@ -3,7 +3,7 @@
 #include "generators/figures.h"
 #include "generators/generators.h"
 
-#include <string>
+#include <vector>
 
 namespace marlogl {
 
@@ -23,129 +23,118 @@ Ring cylinder_ring(double selector)
     return selector == 5 ? Ring{9, 40} : selected_ring(selector);
 }
 
-bool is_lying()
+bool is_lying(const Pen &pen)
 {
-    return cell(18) == 1;
+    return pen.cell(18) == 1;
 }
 
-bool has_railing()
+bool has_railing(const Pen &pen)
 {
-    return !is_lying() && cell(6) > 0;
+    return !is_lying(pen) && pen.cell(6) > 0;
 }
 
-void record_upright(const Cylinder &cylinder)
+void record_upright(const Pen &pen, const Cylinder &cylinder)
 {
-    const double base = cell(58), beyond2 = cell(1), between = cell(2), beyond1 = cell(3);
+    const double base = pen.cell(58), beyond2 = pen.cell(1), between = pen.cell(2), beyond1 = pen.cell(3);
     const auto record_ring = [&](double diameter, double z) {
         for (int i = 0; i < cylinder.ring.count; ++i) {
             const int angle = cylinder.ring.angle(i);
-            record(diameter / 2 * fnsin(angle), diameter / 2 * fncos(angle), z);
+            pen.record(diameter / 2 * sine(angle), diameter / 2 * cosine(angle), z);
         }
     };
-    record(0, 0, base + beyond2 + between + beyond1);
-    record(0, 0, base);
-    record_ring(cell(4), base + beyond1);
+    pen.record(0, 0, base + beyond2 + between + beyond1);
+    pen.record(0, 0, base);
+    record_ring(pen.cell(4), base + beyond1);
     if (cylinder.has_ring2)
-        record_ring(cell(5), base + beyond1 + between);
-    if (has_railing())
-        record_ring(cell(5), base + between + beyond1 + cell(6));
+        record_ring(pen.cell(5), base + beyond1 + between);
+    if (has_railing(pen))
+        record_ring(pen.cell(5), base + between + beyond1 + pen.cell(6));
 }
 
 // The ends lie in the planes of their rings.
-void record_lying(const Cylinder &cylinder)
+void record_lying(const Pen &pen, const Cylinder &cylinder)
 {
-    const double base = cell(58), radius1 = cell(4) / 2, radius2 = cell(5) / 2;
-    const double y1 = -cell(3) - cell(2) / 2, y2 = cell(1) + cell(2) / 2;
+    const double base = pen.cell(58), radius1 = pen.cell(4) / 2, radius2 = pen.cell(5) / 2;
+    const double y1 = -pen.cell(3) - pen.cell(2) / 2, y2 = pen.cell(1) + pen.cell(2) / 2;
     const auto record_ring = [&](double radius, double y) {
         for (int i = 0; i < cylinder.ring.count; ++i) {
             const int angle = cylinder.ring.angle(i);
-            record(radius * fnsin(angle), y, base + radius + radius * fncos(angle));
+            pen.record(radius * sine(angle), y, base + radius + radius * cosine(angle));
         }
     };
-    record(0, y2, base + radius2);
-    record(0, y1, base + radius1);
+    pen.record(0, y2, base + radius2);
+    pen.record(0, y1, base + radius1);
     record_ring(radius1, y1);
     if (cylinder.has_ring2)
         record_ring(radius2, y2);
 }
 
-void write_railing(const Cylinder &cylinder)
+void draw_railing(const Pen &pen, const Cylinder &cylinder)
 {
-    colour_line_blank(object_colour(23, current_object));
-    begin_lines_line();
+    Output &out = pen.out();
+    colour_line_blank(out, pen.object.colours(23));
+    begin_lines_line(out);
     for (int i = 0; i < cylinder.ring.count; ++i) {
-        vertex_line(cylinder.ring2 + i);
-        vertex_line(cylinder.railing + i);
+        pen.vertex(cylinder.ring2 + i);
+        pen.vertex(cylinder.railing + i);
     }
     // The rails are not closed to a ring.
     for (int i = 0; i + 1 < cylinder.ring.count; ++i) {
-        write_line(comment_prefix, "DrawToPt( ", spaced(cylinder.railing + i), " )");
-        vertex_line(cylinder.ring2 + i);
-        vertex_line(cylinder.ring2 + i + 1);
+        out.line(comment_prefix, "DrawToPt( ", spaced(cylinder.railing + i), " )");
+        pen.vertex(cylinder.ring2 + i);
+        pen.vertex(cylinder.ring2 + i + 1);
     }
-    gl_end_line();
+    end_line(out);
 }
 
-void write_triangle(Side side, FaceSlots slots, int p1, int p2, int p3)
-{
-    write_face(side, single_face("end", slots, slots, {p1, p2, p3, no_point}));
-}
-
-void write_faces(Side side, const Cylinder &cylinder)
+void draw_faces(const Pen &pen, Side side, const Cylinder &cylinder)
 {
     for (int i = 0; i < cylinder.ring.count; ++i) {
         const int j = i + 1, k = next(i, cylinder.ring.count);
-        const FaceSlots slots{j + 2, 4 * j + 5};
-        write_triangle(side, {2, 104}, cylinder.ring2 + k, upper_end, cylinder.ring2 + i);
-        write_triangle(side, {1, 101}, ring1 + i, lower_end, ring1 + k);
+        draw_face(pen, side, {2, 104}, {cylinder.ring2 + k, upper_end, cylinder.ring2 + i, no_point});
+        draw_face(pen, side, {1, 101}, {ring1 + i, lower_end, ring1 + k, no_point});
         if (cylinder.has_ring2)
-            write_face(side, single_face("side", slots, slots,
-                                         {ring1 + k, cylinder.ring2 + k, cylinder.ring2 + i, ring1 + i}));
+            draw_face(pen, side, {j + 2, 4 * j + 5},
+                      {ring1 + k, cylinder.ring2 + k, cylinder.ring2 + i, ring1 + i});
     }
 }
 
-void write_lights(const Cylinder &cylinder)
+void draw_ring_lights(const Pen &pen, const Cylinder &cylinder)
 {
     constexpr int unlit_count = 9;
     if (cylinder.ring.count == unlit_count)
         return;
-    std::string numbers;
+    std::vector<int> points;
     for (int i = 0; i < cylinder.ring.count; ++i)
-        numbers += text_of(p00(cylinder.ring2 + i));
-    make_lights(numbers);
+        points.push_back(cylinder.ring2 + i);
+    draw_lights(pen, points);
 }
 
 } // namespace
 
-void save_cylinder()
+void draw_cylinder(Pen &pen)
 {
-    remember_texture("99999999");
-    List1.clear();
-    List2.clear();
-    const bool has_lights = cell(31) == 1;
-    if (has_lights)
-        vertex_copy_flag = "Y";
-
-    const Ring ring = cylinder_ring(cell(7));
-    const bool has_ring2 = cell(2) > 0;
+    const bool has_lights = pen.cell(31) == 1;
+    pen.short_coordinates = has_lights;
+    const Ring ring = cylinder_ring(pen.cell(7));
+    const bool has_ring2 = pen.cell(2) > 0;
     const int ring2 = has_ring2 ? ring1 + ring.count : ring1;
     const Cylinder cylinder{ring, has_ring2, ring2, ring2 + ring.count};
-    if (is_lying())
-        record_lying(cylinder);
+    if (is_lying(pen))
+        record_lying(pen, cylinder);
     else
-        record_upright(cylinder);
+        record_upright(pen, cylinder);
 
-    if (has_railing())
-        write_railing(cylinder);
-    if (is_true(12)) {
-        set_view_side(outside);
-        write_faces(outside, cylinder);
+    if (has_railing(pen))
+        draw_railing(pen, cylinder);
+    if (pen.is_true(12)) {
+        pen.look_from(outside);
+        draw_faces(pen, outside, cylinder);
     }
-    set_view_side(inside);
-    write_faces(inside, cylinder);
+    pen.look_from(inside);
+    draw_faces(pen, inside, cylinder);
     if (has_lights)
-        write_lights(cylinder);
-    vertex_copy_flag = "N";
+        draw_ring_lights(pen, cylinder);
 }
 
 } // namespace marlogl

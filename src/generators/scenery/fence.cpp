@@ -4,29 +4,25 @@
 
 namespace marlogl {
 
-void save_fence()
+void draw_fence(Pen &pen)
 {
-    remember_texture("9999999999");
-    const ColourTable colours = load_colour_table();
-    const double count = cell(50), foot = cell(58), top = foot + cell(1);
+    const ColourTable &colours = pen.to.colours();
+    const double count = pen.cell(point_count_cell), foot = pen.cell(58), top = foot + pen.cell(1);
     if (count == 0)
         return;
-    const auto attribute = [](double i) -> const Text<4> & { return point_attr(i, current_object); };
-    const auto point_line = [](double i, double z) {
-        vertex_line(point_x(i, current_object), point_y(i, current_object), z);
+    const auto attribute = [&](double i) -> const Text<4> & { return pen.object.points(i).attribute; };
+    const auto point_line = [&](double i, double z) {
+        const Point &point = pen.object.points(i);
+        vertex_line(pen.out(), point.x, point.y, z);
     };
 
-    work_flag = false;
-    table_colour_line(colours(colour_number(numeric_value(object_code(1, current_object)), 1)));
-    begin_lines_line();
+    colour_line(pen.out(), colours(colour_number(numeric_value(pen.object.codes(1)), 1)));
+    begin_lines_line(pen.out());
     for (double i = 1; i <= count; ++i) {
-        const bool rail = attribute(i)(4) == 'L';
-        const bool interrupted = rail && attribute(i)(2) == 'S';
+        const bool rail = attribute(i)(4) == 'L', interrupted = attribute(i)(2) == 'S';
         if (rail && !interrupted) {
             point_line(i - 1, top);
             point_line(i, top);
-        } else {
-            work_flag = interrupted;
         }
     }
     for (double i = 1; i <= count; ++i) {
@@ -35,7 +31,7 @@ void save_fence()
             point_line(i, top);
         }
     }
-    gl_end_line();
+    end_line(pen.out());
 }
 
 } // namespace marlogl

@@ -35,83 +35,78 @@ constexpr struct {
 
 constexpr int guys = 4, corners = 4;
 
-bool has_guy_set(int slot)
+bool has_guy_set(const Pen &pen, int slot)
 {
-    return object_code(slot, current_object) != "  ";
+    return pen.object.codes(slot) != "  ";
 }
 
 // Records four anchors on the ground and four ends at the mast.
-void record_guy_set(double distance, double height)
+void record_guy_set(const Pen &pen, double distance, double height)
 {
-    const double ground = 2 * cell(58);
+    const double ground = 2 * pen.cell(58);
     for (const auto &[end, direction] : guy_lines)
-        record(end.x + 2 * distance * fncos(direction), end.y + 2 * distance * fnsin(direction), ground);
+        pen.record(end.x + 2 * distance * cosine(direction), end.y + 2 * distance * sine(direction), ground);
     for (const auto &[end, direction] : guy_lines)
-        record(end.x, end.y, height);
+        pen.record(end.x, end.y, height);
 }
 
-void write_guy_set(double first_point)
+void draw_guy_set(const Pen &pen, double first_point)
 {
     for (int m = 0; m < guys; ++m) {
-        vertex_line(first_point + m);
-        vertex_line(first_point + guys + m);
+        pen.vertex(first_point + m);
+        pen.vertex(first_point + guys + m);
     }
 }
 
-void write_segment(double j)
+void draw_segment(const Pen &pen, double j)
 {
     const double lower = corners * (j - 1), upper = corners * j;
     for (const int c : {1, 2, 3, 0}) {
         const int d = next(c, corners);
-        begin_polygon_line();
+        begin_polygon_line(pen.out());
         for (const double point : {lower + c, upper + c, upper + d, lower + d})
-            vertex_line(point);
-        gl_end_line();
+            pen.vertex(point);
+        end_line(pen.out());
     }
 }
 
 } // namespace
 
-void save_mast()
+void draw_mast(Pen &pen)
 {
-    List1.clear();
-    List2.clear();
-    if (cell(31) == 1)
-        vertex_copy_flag = "Y";
-    const double base = cell(58), segments = cell(6);
-    const double low = 2 * base, top = 2 * (base + cell(3) + cell(4) + cell(5));
+    pen.short_coordinates = pen.cell(31) == 1;
+    const double base = pen.cell(58), segments = pen.cell(6);
+    const double low = 2 * base, top = 2 * (base + pen.cell(3) + pen.cell(4) + pen.cell(5));
     const double step =
-        quotient(2 * (cell(3) + cell(4) + cell(5)), segments, "the number of segments (cell 6)");
+        quotient(2 * (pen.cell(3) + pen.cell(4) + pen.cell(5)), segments, "the number of segments (cell 6)");
 
     double height = low;
     for (double level = 0; level <= segments; ++level) {
         for (const auto &[x, y] : mast_corners)
-            record(x, y, height);
+            pen.record(x, y, height);
         height = std::min(height + step, top);
     }
     double first_guys = 0, second_guys = 0;
-    if (has_guy_set(3)) {
+    if (has_guy_set(pen, 3)) {
         first_guys = corners * (segments + 1);
-        record_guy_set(cell(1), 2 * (base + cell(3)));
+        record_guy_set(pen, pen.cell(1), 2 * (base + pen.cell(3)));
     }
-    if (has_guy_set(4)) {
-        second_guys = vertex_count;
-        record_guy_set(cell(2), 2 * (base + cell(3) + cell(4)));
+    if (has_guy_set(pen, 4)) {
+        second_guys = pen.count();
+        record_guy_set(pen, pen.cell(2), 2 * (base + pen.cell(3) + pen.cell(4)));
     }
 
     for (double j = 1; j <= segments; ++j) {
         const bool odd = j == 1 || j == 3 || j == 5 || j == 7;
-        colour_line(object_colour(odd ? 1 : 2, current_object));
-        write_segment(j);
+        colour_line(pen.out(), pen.object.colours(odd ? 1 : 2));
+        draw_segment(pen, j);
     }
-    colour_line(object_colour(3, current_object));
-    begin_lines_line();
-    write_guy_set(first_guys);
-    colour_line(object_colour(4, current_object));
-    write_guy_set(second_guys);
-    gl_end_line();
-    vertex_copy_flag = "N";
-    work_flag = false;
+    colour_line(pen.out(), pen.object.colours(3));
+    begin_lines_line(pen.out());
+    draw_guy_set(pen, first_guys);
+    colour_line(pen.out(), pen.object.colours(4));
+    draw_guy_set(pen, second_guys);
+    end_line(pen.out());
 }
 
 } // namespace marlogl

@@ -7,25 +7,26 @@ namespace marlogl {
 
 namespace {
 
-void wire_line(double x, double y, double z)
+void wire_line(Output &out, double x, double y, double z)
 {
-    write_line("      glVertex3d( ", p0(x), ", ", p0(y), ", ", p0(z), " ) ;");
+    out.line("      glVertex3d( ", p0(x), ", ", p0(y), ", ", p0(z), " ) ;");
 }
 
-void write_wire_frame(Span width, double count)
+void draw_wire_frame(const Pen &pen, Span width, double count)
 {
-    const double elevation = cell(58);
+    const double elevation = pen.cell(58);
     const auto profile_line = [&](double x, double i) {
-        wire_line(x, point_x(i, current_object), point_y(i, current_object) + elevation);
+        const Point &point = pen.object.points(i);
+        wire_line(pen.out(), x, point.x, point.y + elevation);
     };
     for (double i = 1; i <= count; ++i) {
-        if (point_attr(i, current_object)(1) == 'Y') {
+        if (pen.object.points(i).attribute(1) == 'Y') {
             profile_line(width.low, i);
             profile_line(width.high, i);
         }
     }
     for (double i = 2; i <= count; ++i) {
-        if (point_attr(i, current_object)(2) == 'S')
+        if (pen.object.points(i).attribute(2) == 'S')
             continue;
         for (const double x : {width.low, width.high}) {
             profile_line(x, i - 1);
@@ -41,18 +42,48 @@ struct Surface {
     double start, end, start_height, end_height;
 };
 
-// Writes the lower and the upper side of a surface, but for the line that ends the upper one.
-void write_surface(Span width, const Surface &surface)
+// Writes one side over points 0 to 3, but for the line that ends it. The upper side runs from point 3 to 0,
+// and its normal stands before the last corner. A side is textured when it has a texture's name.
+void begin_side(const Pen &pen, bool upper)
 {
-    const double rise = cell(58);
-    vertex_count = 0;
-    record(width.low, surface.start, surface.start_height);
-    record(width.low, surface.end, surface.end_height);
-    record(width.high, surface.end, surface.end_height + rise);
-    record(width.high, surface.start, surface.start_height + rise);
-    write_roads(2, "", 0, 0, -1);
-    gl_end_line();
-    write_roads(1, "", 0, 0, 1);
+    const int slot = upper ? 1 : 2, first_cell = upper ? 11 : 15;
+    const std::string_view texture = trimmed(pen.object.texts(slot));
+    if (texture.empty())
+        return;
+    enum Edge { ua, va, ub, vb };
+    const auto corner = [&](int point, Edge u, Edge v) {
+        texture_line(pen.out(), pen.cell(first_cell + u), pen.cell(first_cell + v));
+        pen.vertex(point);
+    };
+    bind_lines(pen.out(), texture);
+    begin_polygon_line(pen.out());
+    if (upper) {
+        corner(3, ub, vb);
+        corner(2, ub, va);
+        corner(1, ua, va);
+        normal_line(pen.out(), 0, 0, 1);
+        corner(0, ua, vb);
+    } else {
+        normal_line(pen.out(), 0, 0, -1);
+        corner(0, ua, vb);
+        corner(1, ua, va);
+        corner(2, ub, va);
+        corner(3, ub, vb);
+    }
+}
+
+// Draws the lower and the upper side of a surface, but for the line that ends the upper one.
+void draw_surface(const Pen &pen, Span width, const Surface &surface)
+{
+    const double rise = pen.cell(58);
+    pen.to.points.restart();
+    pen.record(width.low, surface.start, surface.start_height);
+    pen.record(width.low, surface.end, surface.end_height);
+    pen.record(width.high, surface.end, surface.end_height + rise);
+    pen.record(width.high, surface.start, surface.start_height + rise);
+    begin_side(pen, false);
+    end_line(pen.out());
+    begin_side(pen, true);
 }
 
 // A length in two halves, the second with the odd unit.
@@ -61,44 +92,42 @@ struct Halves {
     double smaller, larger;
 };
 
-void write_surfaces(Span width)
+void draw_surfaces(const Pen &pen, Span width)
 {
-    const double inner_height_1 = cell(57), inner_height_2 = cell(54);
-    const Halves a(cell(38)), m(cell(1)), b(cell(39));
-    if (cell(38) > 0) {
-        write_surface(width, {-a.larger - (a.larger + m.smaller), a.smaller - (a.larger + m.smaller), 0,
-                              inner_height_1});
-        gl_end_line();
+    const double inner_height_1 = pen.cell(57), inner_height_2 = pen.cell(54);
+    const Halves a(pen.cell(38)), m(pen.cell(1)), b(pen.cell(39));
+    if (pen.cell(38) > 0) {
+        draw_surface(
+            pen, width,
+            {-a.larger - (a.larger + m.smaller), a.smaller - (a.larger + m.smaller), 0, inner_height_1});
+        end_line(pen.out());
     }
-    if (cell(39) > 0) {
-        write_surface(width,
-                      {m.larger - b.larger + b.smaller, b.smaller + m.larger + b.smaller, inner_height_2, 0});
-        gl_end_line();
+    if (pen.cell(39) > 0) {
+        draw_surface(pen, width,
+                     {m.larger - b.larger + b.smaller, b.smaller + m.larger + b.smaller, inner_height_2, 0});
+        end_line(pen.out());
     }
-    write_surface(width, {-m.larger, m.smaller, inner_height_2, inner_height_1});
+    draw_surface(pen, width, {-m.larger, m.smaller, inner_height_2, inner_height_1});
 }
 
 } // namespace
 
-void save_roads()
+void draw_roads(Pen &pen)
 {
-    const double count = cell(50), road_width = cell(2);
+    const double count = pen.cell(point_count_cell), road_width = pen.cell(2);
     if (count == 0)
         return;
-    const ColourTable colours = load_colour_table();
+    const ColourTable &colours = pen.to.colours();
     const Span width = centred(road_width);
-    List1.clear();
 
-    table_colour_line(colours(colour_number(numeric_value(point_code(1, current_object)), 1)));
-    begin_lines_line();
-    write_wire_frame(width, count);
-    if (road_width > 0 && cell(31) != 3) {
-        gl_end_line();
-        write_surfaces(width);
+    colour_line(pen.out(), colours(colour_number(numeric_value(pen.object.points(1).code), 1)));
+    begin_lines_line(pen.out());
+    draw_wire_frame(pen, width, count);
+    if (road_width > 0 && pen.cell(31) != 3) {
+        end_line(pen.out());
+        draw_surfaces(pen, width);
     }
-    List2.clear();
-    List1.clear();
-    gl_end_line();
+    end_line(pen.out());
 }
 
 } // namespace marlogl

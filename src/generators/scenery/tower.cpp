@@ -3,74 +3,50 @@
 #include "generators/figures.h"
 #include "generators/generators.h"
 
+#include <vector>
+
 namespace marlogl {
 
 namespace {
 
-// What the attribute of a point says.
-struct Member {
-    const Text<4> &attribute;
-
-    bool in_line_block() const { return attribute(1) == 'Y' && horizontal(); }
-    bool has_light() const { return attribute(3) == 'Y'; }
-    bool horizontal() const { return attribute(4) == 'H'; }
-    bool vertical() const { return attribute(4) == 'V'; }
-};
-
-Member member(double i)
-{
-    return {point_attr(i, current_object)};
-}
-
 struct Tower {
-    double count;
+    const Pen &pen;
     double width;
-    ColourTable colours;
+    const ColourTable &colours;
 };
 
-// Adds a point to the point list: its coordinate along x, its height and its depth.
-void list_point(double i, double x)
-{
-    add_entry(List1, p0(x), "/", p0(point_y(i, current_object) + cell(58)), "@",
-              p0(point_x(i, current_object)));
-}
+// A point of the design file is a member of the lattice, one end of it in the middle of the tower's width.
+struct Member {
+    const Point &point;
 
-void list_left_end(double i, const Tower &tower)
-{
-    list_point(i, centred(tower.width).low);
-}
-
-void list_right_end(double i, const Tower &tower)
-{
-    list_point(i, centred(tower.width).high);
-}
-
-void list_vertical(double i)
-{
-    list_point(i, std::abs(static_cast<double>(point_x(i, current_object))));
-}
-
-// Adds a member to the code list: its run marker and its colour number.
-void list_code(double i)
-{
-    add_entry(List2, columns(member(i).attribute, 2, 2), point_code(i, current_object).view());
-}
-
-struct ListedPoint {
-    std::string_view x, height, depth;
+    bool in_line_block() const { return point.attribute(1) == 'Y' && horizontal(); }
+    bool starts_run() const { return point.attribute(2) == 'S'; }
+    bool has_light() const { return point.attribute(3) == 'Y'; }
+    bool horizontal() const { return point.attribute(4) == 'H'; }
+    bool vertical() const { return point.attribute(4) == 'V'; }
+    double colour() const { return numeric_value(point.code); }
 };
 
-ListedPoint listed_point(std::size_t entry)
+using Members = std::vector<Member>;
+
+// An end of a member.
+struct End {
+    double x, height, depth;
+};
+
+End end_at(const Tower &tower, const Member &member, double x)
 {
-    const std::string_view text = List1.text(entry);
-    const std::size_t slash = text.find('/'), at = text.find('@');
-    return {text.substr(0, slash), text.substr(slash + 1, at - slash - 1), text.substr(at + 1)};
+    return {x, member.point.y + tower.pen.cell(58), static_cast<double>(member.point.x)};
 }
 
-void clear_lists()
+End left_end(const Tower &tower, const Member &member)
 {
-    List1.clear();
-    List2.clear();
+    return end_at(tower, member, centred(tower.width).low);
+}
+
+End right_end(const Tower &tower, const Member &member)
+{
+    return end_at(tower, member, centred(tower.width).high);
 }
 
 // The colour that is in force in a section: the number of a new one is compared with the number in force,
@@ -100,185 +76,157 @@ class SectionColour {
     bool first_ = false;
 };
 
-void command_colour_line(const ColourEntry &entry)
+void command_colour_line(Output &out, const TableColour &colour)
 {
-    write_line("Dbx( 2E 00 ", hex(numeric_value(entry.red())), " EF ", hex(numeric_value(entry.green())), " ",
-               hex(numeric_value(entry.blue())), " )  ");
+    out.line("Dbx( 2E 00 ", hex(numeric_value(colour.red())), " EF ", hex(numeric_value(colour.green())), " ",
+             hex(numeric_value(colour.blue())), " )  ");
 }
 
-void listed_vertex_line(std::size_t entry)
+void draw_line_block(const Tower &tower, const Members &members)
 {
-    const ListedPoint point = listed_point(entry);
-    write_line("      glVertex3d( ", point.x, ", ", point.depth, ", ", point.height, " );");
-}
-
-void write_line_block(const Tower &tower)
-{
-    for (double i = 1; i <= tower.count; ++i) {
-        if (!member(i).in_line_block())
-            continue;
-        list_left_end(i, tower);
-        list_right_end(i, tower);
-        for (int end = 0; end < 2; ++end)
-            List2.add(point_code(i, current_object));
-    }
+    Output &out = tower.pen.out();
     SectionColour colour(11);
-    begin_lines_line();
-    for (std::size_t j = 0; j < List2.count(); ++j) {
-        if (colour.change_to(numeric_value(List2.text(j)))) {
-            table_colour_line(tower.colours(colour.number()));
-            if (!colour.first())
-                move_line(static_cast<double>(j));
-        }
-        if (j % 2 == 1) {
-            listed_vertex_line(j);
-            listed_vertex_line(j - 1);
-        }
+    begin_lines_line(out);
+    int end = 0; // both ends of a member count
+    for (const Member &member : members) {
+        if (!member.in_line_block())
+            continue;
+        // A number that is replaced differs from the one in force, also at the second end.
+        for (int i = 0; i < 2; ++i, ++end)
+            if (colour.change_to(member.colour())) {
+                colour_line(out, tower.colours(colour.number()));
+                if (!colour.first())
+                    move_line(out, end);
+            }
+        for (const End &at : {right_end(tower, member), left_end(tower, member)})
+            vertex_line(out, at.x, at.depth, at.height);
     }
-    gl_end_line();
-    clear_lists();
+    end_line(out);
 }
 
-// Moves and draws along the listed members. At a colour change where a run starts, the line is drawn to the
-// point `back` entries before.
-void write_runs(const Tower &tower, int back)
+// Moves and draws along members. At a colour change where a run starts, the line is drawn to the point `back`
+// members before.
+void write_runs(const Tower &tower, const Members &members, int back)
 {
+    Output &out = tower.pen.out();
     SectionColour colour(1);
-    for (std::size_t entry = 0; entry < List2.count(); ++entry) {
-        const std::string_view code = List2.text(entry);
-        const double j = static_cast<double>(entry);
-        const bool changed = colour.change_to(numeric_value(code.substr(1)));
-        if (code.front() == 'S' || entry == 0) {
+    for (int j = 0; const Member &member : members) {
+        const bool changed = colour.change_to(member.colour());
+        if (member.starts_run() || j == 0) {
             if (changed) {
-                command_colour_line(tower.colours(colour.number()));
+                command_colour_line(out, tower.colours(colour.number()));
                 if (!colour.first())
-                    draw_line(j - back);
+                    draw_line(out, j - back);
             }
-            move_line(j);
+            move_line(out, j);
         } else {
             if (changed) {
-                draw_line(j);
-                command_colour_line(tower.colours(colour.number()));
-                move_line(j);
+                draw_line(out, j);
+                command_colour_line(out, tower.colours(colour.number()));
+                move_line(out, j);
             }
-            draw_line(j);
+            draw_line(out, j);
         }
+        ++j;
     }
 }
 
-void write_horizontal_section(const Tower &tower)
+void write_horizontal_section(const Tower &tower, const Members &members)
 {
-    const auto k = p00(current_object);
+    Output &out = tower.pen.out();
+    const auto k = p00(tower.pen.number);
     const auto w = general(tower.width);
-    write_line("; Draw Horizontal structures");
-    for (double i = 1; i <= tower.count; ++i) {
-        if (member(i).horizontal()) {
-            list_left_end(i, tower);
-            list_code(i);
-        }
-    }
+    out.line("; Draw Horizontal structures");
     if (tower.width > 0) {
-        write_line("    Call( :tower", k, " )    ; Horizontal structure 1");
-        write_line("    TransformCall( :tower", k, " ", w, " 0 0 0 0 0 0 0 0 )    ; Horizontal structure 2");
-        write_line("Jump( :towerH", k, " )");
-        write_line(":tower", k);
+        out.line("    Call( :tower", k, " )    ; Horizontal structure 1");
+        out.line("    TransformCall( :tower", k, " ", w, " 0 0 0 0 0 0 0 0 )    ; Horizontal structure 2");
+        out.line("Jump( :towerH", k, " )");
+        out.line(":tower", k);
     }
-    write_runs(tower, 0);
+    write_runs(tower, members, 0);
     if (tower.width > 0) {
-        write_line("Return");
-        write_line(":towerH", k);
+        out.line("Return");
+        out.line(":towerH", k);
     }
-    clear_lists();
 }
 
-void write_vertical_section(const Tower &tower, bool has_lights)
+void write_vertical_section(const Tower &tower, const Members &members, bool has_lights)
 {
-    for (double i = 1; i <= tower.count; ++i) {
-        if (member(i).vertical()) {
-            list_vertical(i);
-            list_code(i);
-        }
-    }
-    if (List2.count() < 2)
+    if (members.size() < 2)
         return;
-    const auto k = p00(current_object);
-    write_line("    Call( :towerV", k, " )    ; Vertical structure 1");
+    Output &out = tower.pen.out();
+    const auto k = p00(tower.pen.number);
+    out.line("    Call( :towerV", k, " )    ; Vertical structure 1");
     if (tower.width > 0) {
-        write_line("    TransformCall( :towerV", k, " 0 0 0 0 0 0 0  90 0 )    ; Vertical structure 2");
-        write_line("    TransformCall( :towerV", k, " 0 0 0 0 0 0 0 180 0 )    ; Vertical structure 3");
-        write_line("    TransformCall( :towerV", k, " 0 0 0 0 0 0 0 270 0 )    ; Vertical structure 4");
+        out.line("    TransformCall( :towerV", k, " 0 0 0 0 0 0 0  90 0 )    ; Vertical structure 2");
+        out.line("    TransformCall( :towerV", k, " 0 0 0 0 0 0 0 180 0 )    ; Vertical structure 3");
+        out.line("    TransformCall( :towerV", k, " 0 0 0 0 0 0 0 270 0 )    ; Vertical structure 4");
     }
     if (has_lights)
-        write_line("Jump( :towerL", k, " )");
-    write_line(":towerV", k);
-    write_runs(tower, 1);
+        out.line("Jump( :towerL", k, " )");
+    out.line(":towerV", k);
+    write_runs(tower, members, 1);
     if (has_lights) {
-        write_line("Return");
-        write_line(":towerL", k);
+        out.line("Return");
+        out.line(":towerL", k);
     }
 }
 
-void write_light_block(const Tower &tower)
+void write_light_block(const Tower &tower, const Members &members)
 {
-    List1.clear();
-    for (double i = 1; i <= tower.count; ++i) {
-        if (!member(i).has_light())
+    Output &out = tower.pen.out();
+    const auto k = p00(tower.pen.number);
+    const auto light = [&](const End &at) {
+        out.line("Dot( ", p0(at.x), " ", p0(at.height), " ", p0(at.depth), " )");
+    };
+    out.line("IfVarAnd( :lights", k, " 28c 4 )");
+    command_colour_line(out, tower.colours(colour_number(numeric_value(tower.pen.object.codes(2)), 1)));
+    for (const Member &member : members) {
+        if (!member.has_light())
             continue;
-        if (member(i).vertical()) {
-            list_vertical(i);
+        if (member.vertical()) {
+            light(end_at(tower, member, std::abs(static_cast<double>(member.point.x))));
         } else {
-            list_left_end(i, tower);
+            light(left_end(tower, member));
             if (tower.width > 0)
-                list_right_end(i, tower);
+                light(right_end(tower, member));
         }
     }
-    const auto k = p00(current_object);
-    work_flag = false;
-    for (std::size_t j = 0; j < List1.count(); ++j) {
-        if (!work_flag) {
-            write_line("IfVarAnd( :lights", k, " 28c 4 )");
-            command_colour_line(
-                tower.colours(colour_number(numeric_value(object_code(2, current_object)), 1)));
-            work_flag = true;
-        }
-        const ListedPoint point = listed_point(j);
-        write_line("Dot( ", point.x, " ", point.height, " ", point.depth, " )");
-    }
-    if (work_flag)
-        write_line(":lights", k);
+    out.line(":lights", k);
 }
 
 } // namespace
 
-void save_tower()
+void draw_tower(Pen &pen)
 {
-    const double count = cell(50);
+    const double count = pen.cell(point_count_cell);
     if (count < 2)
         return;
-    remember_texture("");
-    const Tower tower{count, cell(1), load_colour_table()};
-    bool has_line_block = false, has_vertical = false, has_horizontal = false, has_lights = false;
+    const Tower tower{pen, pen.cell(1), pen.to.colours()};
+    Members members, horizontal, vertical;
+    bool has_line_block = false, has_lights = false;
     for (double i = 1; i <= count; ++i) {
-        const Member m = member(i);
-        has_line_block |= m.in_line_block();
-        has_vertical |= m.vertical();
-        has_horizontal |= m.horizontal();
-        has_lights |= m.has_light();
+        const Member member{pen.object.points(i)};
+        members.push_back(member);
+        if (member.horizontal())
+            horizontal.push_back(member);
+        if (member.vertical())
+            vertical.push_back(member);
+        has_line_block |= member.in_line_block();
+        has_lights |= member.has_light();
     }
-    clear_lists();
 
-    if (const double angle = cell(2); angle != 90)
-        write_line("TransformCall( :Vangle", p00(current_object), " ", general(tower.width), " 0 0 0 0 ",
-                   spaced(90 - angle), "  0 0 0 )    ; Rotate Vertical entire structure");
+    if (const double angle = pen.cell(2); angle != 90)
+        pen.out().line("TransformCall( :Vangle", p00(pen.number), " ", general(tower.width), " 0 0 0 0 ",
+                       spaced(90 - angle), "  0 0 0 )    ; Rotate Vertical entire structure");
     if (has_line_block)
-        write_line_block(tower);
-    if (has_horizontal)
-        write_horizontal_section(tower);
-    if (has_vertical)
-        write_vertical_section(tower, has_lights);
+        draw_line_block(tower, members);
+    if (!horizontal.empty())
+        write_horizontal_section(tower, horizontal);
+    if (!vertical.empty())
+        write_vertical_section(tower, vertical, has_lights);
     if (has_lights)
-        write_light_block(tower);
-    clear_lists();
+        write_light_block(tower, members);
 }
 
 } // namespace marlogl

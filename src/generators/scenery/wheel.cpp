@@ -1,6 +1,5 @@
 // Wheel: two hub discs and, where it is textured, the cones and the tread between them. It stands upright,
 // with its axle along y.
-#include "emit/point_file.h"
 #include "generators/figures.h"
 #include "generators/generators.h"
 
@@ -19,13 +18,13 @@ struct Rings {
     int near_hub, far_hub, near_rim, far_rim; // first points
 };
 
-Rings record_rings(Ring ring)
+Rings record_rings(const Pen &pen, Ring ring)
 {
-    const double outer = cell(1), hub = cell(2), width = cell(3), protrusion = cell(4);
-    const double centre = cell(58) + outer / 2;
+    const double outer = pen.cell(1), hub = pen.cell(2), width = pen.cell(3), protrusion = pen.cell(4);
+    const double centre = pen.cell(58) + outer / 2;
     const auto record_ring = [&](double radius, double y) {
         for (int i = 0; i < ring.count; ++i)
-            record(radius * fnsin(ring.angle(i)), y, centre + radius * fncos(ring.angle(i)));
+            pen.record(radius * sine(ring.angle(i)), y, centre + radius * cosine(ring.angle(i)));
     };
     record_ring(hub / 2, -(protrusion + width / 2));
     record_ring(hub / 2, protrusion + width - width / 2);
@@ -34,29 +33,29 @@ Rings record_rings(Ring ring)
     return {0, ring.count, 2 * ring.count, 3 * ring.count};
 }
 
-void disc_corner(double point, double slot)
+void open_disc(const Pen &pen)
 {
-    const double u = point_x(slot, current_object), v = point_y(slot, current_object);
-    write_point_line("   ", p0(point), " ", blank_p0(u), " ", p0(255 - whole(v)));
+    pen.to.ngon.open(NgonLayout::cap);
+    pen.out().line("glColor3ub( ", pen.to.configuration.colour_outside, " );");
 }
 
-void open_disc()
+void add_disc_corner(const Pen &pen, double point, double slot)
 {
-    point_file::open();
-    write_line("glColor3ub( ", colour_outside, " );");
+    const Point &at = pen.object.points(slot);
+    pen.to.ngon.add({point, static_cast<double>(at.x), 255.0 - at.y});
 }
 
-void write_discs(double segments)
+void draw_discs(const Pen &pen, double segments)
 {
-    open_disc();
+    open_disc(pen);
     for (double j = 1; j <= segments; ++j)
-        disc_corner(j - 1, 50 + j);
-    writen(2, "N");
+        add_disc_corner(pen, j - 1, 50 + j);
+    pen.ngon(2);
 
-    open_disc();
+    open_disc(pen);
     for (double j = segments; j >= 1; --j)
-        disc_corner(segments + j - 1, 70 + j);
-    writen(3, "N");
+        add_disc_corner(pen, segments + j - 1, 70 + j);
+    pen.ngon(3);
 }
 
 struct Edge {
@@ -65,7 +64,7 @@ struct Edge {
 };
 
 // The face of one segment between two rings: points q and q1 of the one and then of the other.
-void write_segment(Edge from, Edge to, double q, double q1)
+void draw_segment(const Pen &pen, Edge from, Edge to, double q, double q1)
 {
     const struct {
         double point, column;
@@ -76,50 +75,48 @@ void write_segment(Edge from, Edge to, double q, double q1)
         {to.ring + q1,   to.column,   3},
         {to.ring + q,    to.column,   4},
     };
-    begin_polygon_line();
-    fnVector(corners[0].point, corners[1].point, corners[2].point, "");
+    begin_polygon_line(pen.out());
+    pen.normal(corners[0].point, corners[1].point, corners[2].point);
     for (const auto &[point, column, row] : corners) {
-        texture_line(column, point_y(row, current_object));
-        vertex_line(point);
+        texture_line(pen.out(), column, pen.object.points(row).y);
+        pen.vertex(point);
     }
-    gl_end_line();
+    end_line(pen.out());
 }
 
 // The strip over cone, tread and cone is textured by one rectangle, whose columns are shared out by width.
-void write_tread(const Rings &rings, Ring ring, double segments)
+void draw_tread(const Pen &pen, const Rings &rings, Ring ring, double segments)
 {
-    const double width = cell(3), protrusion = cell(4);
-    const double near_column = point_x(1, current_object), far_column = point_x(3, current_object);
+    const double width = pen.cell(3), protrusion = pen.cell(4);
+    const double near_column = pen.object.points(1).x, far_column = pen.object.points(3).x;
     const double strip =
         std::abs(static_cast<double>(whole_16(near_column - far_column, "width of the tread texture")));
     const double total_width = width + 2 * protrusion;
-    const double cone = fnround(quotient(protrusion * strip, total_width, "the width of the wheel"), 0);
+    const double cone =
+        round_decimals(quotient(protrusion * strip, total_width, "the width of the wheel"), 0);
     const Edge near_hub{rings.near_hub, near_column}, near_rim{rings.near_rim, cone + near_column};
     const Edge far_rim{rings.far_rim, far_column - cone}, far_hub{rings.far_hub, far_column};
 
-    bitmap_string(object_text(1, current_object), 1, object_code(1, current_object));
+    bind_lines(pen.out(), trimmed(pen.object.texts(1)));
     for (double j = 1; j <= segments; ++j) {
         const bool last = j == segments;
         const double q = last ? 0 : j, q1 = last ? ring.count - 1 : j - 1;
-        write_segment(near_hub, near_rim, q, q1);
-        write_segment(near_rim, far_rim, q, q1);
-        write_segment(far_rim, far_hub, q, q1);
+        draw_segment(pen, near_hub, near_rim, q, q1);
+        draw_segment(pen, near_rim, far_rim, q, q1);
+        draw_segment(pen, far_rim, far_hub, q, q1);
     }
 }
 
 } // namespace
 
-void save_wheel()
+void draw_wheel(Pen &pen)
 {
-    remember_texture("99999999");
-    List1.clear();
-    List2.clear();
-    const double segments = cell(11);
+    const double segments = pen.cell(11);
     const Ring ring = wheel_ring(segments);
-    const Rings rings = record_rings(ring);
-    write_discs(segments);
-    if (is_textured(1))
-        write_tread(rings, ring, segments);
+    const Rings rings = record_rings(pen, ring);
+    draw_discs(pen, segments);
+    if (pen.is_textured(1))
+        draw_tread(pen, rings, ring, segments);
 }
 
 } // namespace marlogl

@@ -13,38 +13,37 @@ enum Part { walls, gables, slopes };
 //   0,4 ---8--- 3,7   +--> x
 constexpr struct {
     Part part;
-    Face face; // slots: inside, outside; points as the outside pass writes them
+    Face face; // slots: inside, outside; points as the outside pass draws them
 } faces[] = {
-    {walls,  {"base front", {{7, 25}, {1, 1}}, {3, 7, 4, 0}}          },
-    {walls,  {"base left", {{9, 33}, {3, 9}}, {0, 4, 5, 1}}           },
-    {walls,  {"base back", {{8, 29}, {2, 5}}, {1, 5, 6, 2}}           },
-    {walls,  {"base right", {{10, 37}, {4, 13}}, {2, 6, 7, 3}}        },
-    {gables, {"roof front", {{15, 55}, {13, 49}}, {7, 8, 4, no_point}}},
-    {slopes, {"roof left", {{11, 41}, {5, 17}}, {8, 9, 5, 4}}         },
-    {gables, {"roof back", {{16, 58}, {14, 52}}, {5, 9, 6, no_point}} },
-    {slopes, {"roof right", {{12, 45}, {6, 21}}, {7, 6, 9, 8}}        },
+    {walls,  {{{7, 25}, {1, 1}}, {3, 7, 4, 0}}          }, // front
+    {walls,  {{{9, 33}, {3, 9}}, {0, 4, 5, 1}}          }, // left
+    {walls,  {{{8, 29}, {2, 5}}, {1, 5, 6, 2}}          }, // back
+    {walls,  {{{10, 37}, {4, 13}}, {2, 6, 7, 3}}        }, // right
+    {gables, {{{15, 55}, {13, 49}}, {7, 8, 4, no_point}}}, // front
+    {slopes, {{{11, 41}, {5, 17}}, {8, 9, 5, 4}}        }, // left
+    {gables, {{{16, 58}, {14, 52}}, {5, 9, 6, no_point}}}, // back
+    {slopes, {{{12, 45}, {6, 21}}, {7, 6, 9, 8}}        }, // right
 };
 
 } // namespace
 
-void save_house()
+void draw_gabled_house(Pen &pen)
 {
-    remember_texture("99999999");
-    const double wall_height = cell(1), roof_height = cell(6);
-    const Span x = centred(cell(2)), y = centred(cell(7));
-    const double ground = cell(58), eaves = ground + wall_height, ridge = eaves + roof_height;
+    const double wall_height = pen.cell(1), roof_height = pen.cell(6);
+    const Span x = centred(pen.cell(2)), y = centred(pen.cell(7));
+    const double ground = pen.cell(58), eaves = ground + wall_height, ridge = eaves + roof_height;
 
-    record_rectangle(x, y, ground);
-    record_rectangle(x, y, eaves);
-    record(0, y.low, ridge);
-    record(0, y.high, ridge);
+    record_rectangle(pen, x, y, ground);
+    record_rectangle(pen, x, y, eaves);
+    pen.record(0, y.low, ridge);
+    pen.record(0, y.high, ridge);
 
     const bool present[] = {wall_height > 0, roof_height > 0, true};
     for (const Side side : {inside, outside}) {
-        set_view_side(side);
+        pen.look_from(side);
         for (const auto &[part, face] : faces)
             if (present[part])
-                write_face(side, face);
+                draw_face(pen, side, face);
     }
 }
 

@@ -1,4 +1,4 @@
-// What both extruded polygons share: the walls and the caps of a prism over an outline of n corners.
+// What both extruded polygons share: the outlines, the walls and the caps of a prism.
 #pragma once
 
 #include "generators/figures.h"
@@ -8,31 +8,39 @@
 
 namespace marlogl {
 
-// The bottom outline has the points 0 to n - 1, the top outline n to 2n - 1. n is what the design file says;
-// where it is no whole number, loops run while their counter is not above it.
-
 enum CapPosition { bottom, top };
 
 /// A cap: which, its face slot, and the slot before the texture positions of its corners.
 struct Cap {
     CapPosition position;
-    int t, before_positions;
+    int face, before_positions;
 };
 
-/// The points of wall `i`, 1 to n: counter-clockwise for a viewer outside when a flat outline runs
-/// counter-clockwise seen from above.
-std::array<double, 4> wall_points(double i, double n);
+/// A prism over outlines of n corners: the bottom one has the points 0 to n - 1, the top one n to 2n - 1. n
+/// is what the design file says; where it is no whole number, loops run while their counter is not above it.
+struct Prism {
+    const Pen &pen;
+    double n = pen.cell(11);
+    bool flat = pen.cell(13) == 0; // else the outline stands upright
 
-/// Whether the top outline turns clockwise where it starts: seen from above for a flat outline, else from the
-/// front.
-bool wall_turn(bool flat, double n);
+    /// The points of wall `i`, 1 to n: counter-clockwise for a viewer outside when a flat outline runs
+    /// counter-clockwise seen from above.
+    std::array<double, 4> wall_points(double i) const;
 
-/// Writes the cap as one n-gon. `reverse` is that of writen.
-void write_ngon_cap(const Cap &cap, double n, std::string_view reverse);
+    /// Whether the top outline turns clockwise where it starts: seen from above for a flat outline, else from
+    /// the front.
+    bool turns_clockwise() const;
 
-/// Writes the cap as the triangles whose corners the attributes of points 1 to n - 2 name by their `codes`:
-/// the character at position k names corner k. A triangle with another character is left out. `opposite`
-/// turns each.
-void write_triangle_cap(const Cap &cap, double n, std::string_view codes, bool opposite);
+    /// Draws the cap as one n-gon.
+    void draw_ngon_cap(const Cap &cap, bool reversed = false) const;
+
+    /// Draws the cap as the triangles whose corners the attributes of points 1 to n - 2 name by their
+    /// `codes`: the character at position k names corner k. A triangle with another character is left out.
+    /// `opposite` turns each.
+    void draw_triangle_cap(const Cap &cap, std::string_view codes, bool opposite = false) const;
+
+  private:
+    double first_point(const Cap &cap) const { return cap.position == bottom ? 0 : n; }
+};
 
 } // namespace marlogl

@@ -27,14 +27,14 @@ struct Board {
 //   1 --- 2
 //   |     |      seen from the front
 //   0 --- 3
-void record_upright(Mode mode, const Board &b)
+void record_upright(const Pen &pen, Mode mode, const Board &b)
 {
     const double d = mode == Mode::front || mode == Mode::left ? -b.distance : b.distance;
     const auto corner = [&](double along, double z) {
         if (mode == Mode::front || mode == Mode::back)
-            record(along, d, z);
+            pen.record(along, d, z);
         else
-            record(d, along, z);
+            pen.record(d, along, z);
     };
     // Seen from outside, the back and the left board run the other way.
     const bool mirrored = mode == Mode::back || mode == Mode::left;
@@ -47,7 +47,7 @@ void record_upright(Mode mode, const Board &b)
 //   1 --- 2    ^ y
 //   |     |    |      seen from above
 //   0 --- 3    +--> x
-void record_lying(Mode mode, const Board &b)
+void record_lying(const Pen &pen, Mode mode, const Board &b)
 {
     constexpr int edges[][2] = {
         {1, 2}, // back
@@ -56,56 +56,46 @@ void record_lying(Mode mode, const Board &b)
         {0, 1}, // left
     };
     double raised[4] = {};
-    const double amount = cell(19), edge = cell(20);
+    const double amount = pen.cell(19), edge = pen.cell(20);
     if (mode == Mode::tiltable && amount > 0)
         for (int i = 0; i < 4; ++i)
             if (edge == i)
                 for (const int corner : edges[i])
-                    raised[corner] = cell(21) == 0 ? amount : -amount;
+                    raised[corner] = pen.cell(21) == 0 ? amount : -amount;
 
-    const Span y = centred(cell(4));
-    const double z = cell(58) + b.distance;
-    record(b.bottom.low, y.low, z + raised[0]);
-    record(b.top.low, y.high, z + raised[1]);
-    record(b.top.high, y.high, z + raised[2]);
-    record(b.bottom.high, y.low, z + raised[3]);
-}
-
-void write_forward(int t, int bit1)
-{
-    write4a("", t, 0, 1, 2, 3, bit1, "");
-}
-
-void write_backward(int t, int bit1)
-{
-    write4a("", t, 3, 2, 1, 0, bit1, "");
+    const Span y = centred(pen.cell(4));
+    const double z = pen.cell(58) + b.distance;
+    pen.record(b.bottom.low, y.low, z + raised[0]);
+    pen.record(b.top.low, y.high, z + raised[1]);
+    pen.record(b.top.high, y.high, z + raised[2]);
+    pen.record(b.bottom.high, y.low, z + raised[3]);
 }
 
 } // namespace
 
-void save_sign()
+void draw_sign(Pen &pen)
 {
-    remember_texture("999999999");
-    const Mode mode = mode_of(cell(8));
+    const Mode mode = mode_of(pen.cell(8));
     if (mode == Mode::unknown)
         return;
-    const double ground = cell(58);
-    const Board board{centred(cell(1)), centred(cell(2)), cell(3), ground, ground + cell(4)};
+    const double ground = pen.cell(58);
+    const Board board{centred(pen.cell(1)), centred(pen.cell(2)), pen.cell(3), ground, ground + pen.cell(4)};
     if (mode < Mode::tiltable)
-        record_upright(mode, board);
+        record_upright(pen, mode, board);
     else
-        record_lying(mode, board);
+        record_lying(pen, mode, board);
 
     constexpr FaceSlots face1{1, 1}, face2{2, 5};
+    constexpr std::array forward{0, 1, 2, 3}, backward{3, 2, 1, 0};
     if (mode == Mode::tiltable) {
-        write_forward(face2.t, face2.bit1);
-        write_backward(face1.t, face1.bit1);
+        pen.quad(face2, forward);
+        pen.quad(face1, backward);
     } else if (mode == Mode::turned) {
-        write_backward(face2.t, face2.bit1);
-        write_forward(face1.t, face1.bit1);
+        pen.quad(face2, backward);
+        pen.quad(face1, forward);
     } else {
-        write_backward(face1.t, face1.bit1);
-        write_forward(face2.t, face2.bit1);
+        pen.quad(face1, backward);
+        pen.quad(face2, forward);
     }
 }
 

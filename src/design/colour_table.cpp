@@ -1,21 +1,22 @@
-#include "emit/colour_table.h"
+#include "design/colour_table.h"
 
-#include "emit/output.h"
 #include "host/lines.h"
 #include "host/paths.h"
 
+#include <string>
+
 namespace marlogl {
 
-std::string colour_table_path()
+std::string colour_table_path(FileSystem &files, const std::string &folder)
 {
-    return find_program_file("\\appl\\colors.tab");
+    return find_file(files, native_path("\\appl\\colors.tab"), folder);
 }
 
-ColourTable load_colour_table()
+ColourTable read_colour_table(FileSystem &files, const std::string &path)
 {
     constexpr std::size_t last_position = 29;
     ColourTable table{"colour table entry"};
-    LineReader file(colour_table_path());
+    LineReader file(files, path);
     for (int entry = 1; entry <= 60 && (entry == 1 || !file.at_end()); ++entry) {
         const std::string_view line = file.read_line(last_position);
         std::string components;

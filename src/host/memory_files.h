@@ -1,4 +1,4 @@
-// A file system in memory, for runs in the tests' own process.
+// A file system in memory: conversions without a disk.
 #pragma once
 
 #include "host/file_system.h"
@@ -23,14 +23,6 @@ class MemoryFiles : public FileSystem {
     std::vector<std::string> names_in(const std::string &folder) override;
     std::string executable_folder() override { return "program"; }
     std::string current_folder() override { return "/home"; }
-};
-
-/// Lets runs work on a file system as long as this lives.
-class Using {
-  public:
-    explicit Using(FileSystem &files) { use_file_system(&files); }
-    Using(const Using &) = delete;
-    ~Using() { use_file_system(nullptr); }
 };
 
 } // namespace marlogl

@@ -13,28 +13,28 @@ constexpr int columns_of_points = 9;
 constexpr int separators[] = {2, 5};
 constexpr int digits[] = {0, 1, 3, 4, 6, 7};
 
-// Writes the field whose lower left point is `left`.
-void write_field(int left, int t, int bit1)
+// Draws the field whose lower left point is `left`.
+void draw_field(const Pen &pen, int left, FaceSlots slots)
 {
-    write4("", "", "", t, bit1, left, left + columns_of_points, left + columns_of_points + 1, left + 1, "");
+    pen.picture(slots, {left, left + columns_of_points, left + columns_of_points + 1, left + 1});
 }
 
 } // namespace
 
-void save_digital()
+void draw_clock(Pen &pen)
 {
-    const double w = cell(1), s = cell(3), low = cell(58);
+    const double w = pen.cell(1), s = pen.cell(3), low = pen.cell(58);
     const double x[columns_of_points] = {-(3 * w + s), -(2 * w + s), -(w + s), -w, 0, w,
                                          w + s,        2 * w + s,    3 * w + s};
-    for (const double z : {low, low + cell(2)})
+    for (const double z : {low, low + pen.cell(2)})
         for (const double column : x)
-            record(column, 0, z);
+            pen.record(column, 0, z);
 
     if (s > 0)
         for (const int left : separators)
-            write_field(left, 11, 41);
+            draw_field(pen, left, {11, 41});
     for (const int left : digits)
-        write_field(left, 1, 1);
+        draw_field(pen, left, {1, 1});
 }
 
 } // namespace marlogl

@@ -1,4 +1,4 @@
-#include "support/memory_files.h"
+#include "host/memory_files.h"
 
 #include <algorithm>
 #include <cstring>
@@ -27,13 +27,16 @@ class MemoryInput : public InputFile {
 
 class MemoryOutput : public OutputFile {
   public:
-    explicit MemoryOutput(std::string &content) : content_(content) {}
+    MemoryOutput(MemoryFiles &files, const std::string &path) : files_(files), path_(path) {}
 
-    void write(std::string_view text) override { content_ += text; }
+    void write(std::string_view text) override { files_.files[path_] += text; }
     void close() override {}
+    void abandon(std::string_view text) noexcept override { write(text); }
+    void discard() noexcept override { files_.files.erase(path_); }
 
   private:
-    std::string &content_;
+    MemoryFiles &files_;
+    std::string path_;
 };
 
 // "./a//b" is "a/b".
@@ -52,9 +55,9 @@ std::unique_ptr<InputFile> MemoryFiles::open(const std::string &path)
 
 std::unique_ptr<OutputFile> MemoryFiles::create(const std::string &path)
 {
-    std::string &content = files[plain(path)];
-    content.clear();
-    return std::make_unique<MemoryOutput>(content);
+    const std::string name = plain(path);
+    files[name].clear();
+    return std::make_unique<MemoryOutput>(*this, name);
 }
 
 std::string MemoryFiles::identity(const std::string &path)

@@ -1,15 +1,14 @@
-// The colour table: up to 60 red-green-blue entries, read from a file by each generator that uses them.
+// The colour table: up to 60 colours, which design files name by number.
 #pragma once
 
 #include "design/table.h"
 #include "design/text.h"
-
-#include <string>
+#include "host/file_system.h"
 
 namespace marlogl {
 
 /// One colour: red, green and blue as texts of three characters each, as the file has them.
-struct ColourEntry {
+struct TableColour {
     Text<9> components;
 
     std::string_view red() const { return columns(components, 1, 3); }
@@ -17,13 +16,14 @@ struct ColourEntry {
     std::string_view blue() const { return columns(components, 7, 9); }
 };
 
-/// Entries 1 to 60; those that no line of the file filled are blank.
-using ColourTable = Table<ColourEntry, Range{1, 60}>;
+/// Entries that no line of the file filled are blank.
+using ColourTable = Table<TableColour, Range{1, 60}>;
 
-std::string colour_table_path();
+/// The path of the colour table of the program's folder, which need not exist. Errors: input_output.
+std::string colour_table_path(FileSystem &files, const std::string &folder);
 
-/// Reads the colour table file. Errors: missing_file, past_end for an empty file, input_output.
-ColourTable load_colour_table();
+/// Errors: missing_file, past_end for an empty file, input_output.
+ColourTable read_colour_table(FileSystem &files, const std::string &path);
 
 /// The colour number that stands for `number`: itself from 1 to 60, else `replacement`.
 constexpr double colour_number(double number, double replacement)

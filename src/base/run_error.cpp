@@ -1,4 +1,4 @@
-#include "host/run_error.h"
+#include "base/run_error.h"
 
 #include <algorithm>
 

@@ -1,0 +1,11 @@
+#include "design/table.h"
+
+namespace marlogl {
+
+void raise_outside(double index, Range range, const char *name)
+{
+    throw RunError(Fault::index, std::string(name) + ' ' + message_number(index) + " is outside " +
+                                     std::to_string(range.first) + " to " + std::to_string(range.last));
+}
+
+} // namespace marlogl

@@ -1,0 +1,91 @@
+#include "emit/ngon_file.h"
+
+#include "emit/output.h"
+
+#include <utility>
+
+namespace marlogl {
+
+namespace {
+
+// `x` as a text with the pattern "0" shows it.
+double as_written(double x)
+{
+    if (x == std::trunc(x))
+        return x;
+    char text[output::most_of_number];
+    const char *end = output::put(text, p0(x));
+    return numeric_value({text, static_cast<std::size_t>(end - text)});
+}
+
+char *put_corner(char *at, NgonLayout layout, const Corner &corner)
+{
+    using namespace output;
+    const auto [point, u, v] = corner;
+    if (layout == NgonLayout::gable)
+        return put_line(put(put(at, "    "), p0(point)), "  ", spaced(u), " ", spaced(v));
+    return put_line(put(put(at, "   "), p0(point)), " ", blank_p0(u), " ", p0(v));
+}
+
+} // namespace
+
+NgonFile::~NgonFile()
+{
+    if (!file_)
+        return;
+    if (!present_) {
+        file_->discard();
+        return;
+    }
+    // It takes no memory: that may be what is missing.
+    char text[4 * output::most_of_number];
+    for (const Corner &corner : written_) {
+        const char *end = put_corner(text, layout_, corner);
+        file_->abandon({text, static_cast<std::size_t>(end - text)});
+    }
+}
+
+void NgonFile::open(NgonLayout layout)
+{
+    if (!file_)
+        file_ = files_.create(path_);
+    layout_ = layout;
+    written_.clear();
+    present_ = true;
+}
+
+void NgonFile::add(const Corner &corner)
+{
+    written_.push_back({as_written(corner.point), corner.u, corner.v});
+}
+
+std::span<const Corner> NgonFile::read()
+{
+    if (written_.size() > corners.last)
+        raise_outside(corners.last + 1, corners, "corner of the polygon");
+    present_ = false;
+    return written_;
+}
+
+std::string NgonFile::text() const
+{
+    std::string lines;
+    char line[4 * output::most_of_number];
+    for (const Corner &corner : written_)
+        lines.append(line, put_corner(line, layout_, corner));
+    return lines;
+}
+
+void NgonFile::settle()
+{
+    if (!file_)
+        return;
+    const std::unique_ptr<OutputFile> settling = std::move(file_);
+    if (const std::string lines = text(); present_ && !lines.empty())
+        settling->write(lines);
+    settling->close();
+    if (!present_)
+        files_.remove(path_);
+}
+
+} // namespace marlogl

@@ -1,0 +1,65 @@
+// The temporary point file: the corners of an n-gon on their way from a drawing function to the polygon's
+// lines.
+#pragma once
+
+#include "design/table.h"
+#include "host/file_system.h"
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace marlogl {
+
+/// A corner of an n-gon: its point number and its texture position in pixels.
+struct Corner {
+    double point, u, v;
+};
+
+/// How the lines of the file are laid out.
+enum class NgonLayout {
+    cap,   ///< of extruded polygons and wheels
+    gable, ///< of profiled-roof houses
+};
+
+/// The corners that were written last. While the conversion lasts they are kept in memory; the file holds
+/// them afterwards, unless they were read.
+class NgonFile {
+  public:
+    static constexpr Range corners{1, 20};
+
+    NgonFile(FileSystem &files, const std::string &path) : files_(files), path_(path) {}
+    NgonFile(const NgonFile &) = delete;
+    NgonFile &operator=(const NgonFile &) = delete;
+    /// Unless it was settled, a conversion has failed: settles it as far as that can be done.
+    ~NgonFile();
+
+    const std::string &path() const { return path_; }
+
+    /// Empties the file, which the first call creates. Errors: missing_file, input_output.
+    void open(NgonLayout layout);
+
+    /// Writes a corner. The point number is rounded to a whole one, halves away from zero, as its text shows
+    /// it.
+    void add(const Corner &corner);
+
+    /// Reads the corners that were written since open, and deletes the file; they stay until open is called
+    /// again. Errors: index for more than 20 corners; the file then stays as it is.
+    std::span<const Corner> read();
+
+    /// Brings the disk up to date. Errors: input_output.
+    void settle();
+
+  private:
+    std::string text() const;
+
+    FileSystem &files_;
+    std::string path_;
+    std::unique_ptr<OutputFile> file_; // created and still empty; none before the first n-gon
+    NgonLayout layout_ = NgonLayout::cap;
+    std::vector<Corner> written_;
+    bool present_ = false; // whether a program that looked would find the file
+};
+
+} // namespace marlogl

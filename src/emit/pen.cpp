@@ -1,0 +1,158 @@
+#include "emit/pen.h"
+
+namespace marlogl {
+
+const ColourTable &Drawing::colours()
+{
+    if (!colour_table)
+        colour_table = read_colour_table(files, colour_table_path);
+    return *colour_table;
+}
+
+void Pen::record(double x, double y, double z) const
+{
+    const Vertex point{std::trunc(finite(x)), std::trunc(finite(y)), std::trunc(finite(z))};
+    to.points.append(point);
+    if (short_coordinates)
+        for (const double coordinate : {point.x, point.y, point.z})
+            whole_16(coordinate, "coordinate");
+}
+
+// Empty when the face is not textured.
+std::string_view Pen::texture_of(double face) const
+{
+    // The text comes first: its table has fewer slots, and bounds the face slots.
+    const std::string &name = object.texts(face);
+    return object.codes(face)(1) == 'Y' ? trimmed(name) : std::string_view();
+}
+
+// Writes the lines that bind the texture of a face; false when the face is not textured.
+bool Pen::bind(double face) const
+{
+    const std::string_view texture = texture_of(face);
+    if (texture.empty())
+        return false;
+    bind_lines(out(), texture);
+    return true;
+}
+
+// Writes the lines that open the block of a textured face; false when the face is not textured.
+template <typename Number> bool Pen::begin(double face, Number p1, Number p2, Number p3) const
+{
+    if (!bind(face))
+        return false;
+    begin_polygon_line(out());
+    if (to.side == inside)
+        out().line("glColor3ub( ", to.configuration.colour_inside, " ); ");
+    else
+        out().line("glColor3ub(", to.configuration.colour_outside, " ); ");
+    normal(p1, p2, p3);
+    return true;
+}
+
+// The texture line of a corner.
+void Pen::position(double slot) const
+{
+    const Point &at = object.points(slot);
+    texture_line(out(), at.x, at.y);
+}
+
+void Pen::triangle(FaceSlots slots, int p1, int p2, int p3) const
+{
+    if (!begin(slots.face, p1, p2, p3))
+        return;
+    int slot = slots.positions + 2;
+    for (const int point : {p1, p2, p3}) {
+        position(slot--);
+        vertex(point);
+    }
+    end_line(out());
+}
+
+void Pen::triangle(double face, const std::array<double, 3> &points,
+                   const std::array<double, 3> &positions) const
+{
+    if (!begin(face, points[0], points[1], points[2]))
+        return;
+    for (std::size_t i = 0; i < 3; ++i) {
+        position(positions[i]);
+        vertex(points[i]);
+    }
+    end_line(out());
+}
+
+template <typename Number> void Pen::quad(FaceSlots slots, const std::array<Number, 4> &points) const
+{
+    if (!begin(slots.face, points[0], points[1], points[2]))
+        return;
+    int slot = slots.positions + 3;
+    for (const Number point : points) {
+        position(slot--);
+        vertex(point);
+    }
+    end_line(out());
+}
+
+template void Pen::quad(FaceSlots, const std::array<int, 4> &) const;
+template void Pen::quad(FaceSlots, const std::array<double, 4> &) const;
+
+void Pen::reversed_quad(FaceSlots slots, const std::array<double, 4> &points) const
+{
+    if (!begin(slots.face, points[0], points[1], points[2]))
+        return;
+    for (std::size_t i = 0; i < 4; ++i) {
+        const Vertex &plan = to.points(points[3 - i]);
+        position(slots.positions + 3 - static_cast<int>(i));
+        vertex_line(out(), plan.x, plan.y, to.points(points[i]).z);
+    }
+    end_line(out());
+}
+
+void Pen::picture(FaceSlots slots, const std::array<int, 4> &points) const
+{
+    if (!begin(slots.face, points[0], points[1], points[2]))
+        return;
+    constexpr struct {
+        int u, v;
+    } corners[] = {
+        {0, 3},
+        {0, 1},
+        {2, 1},
+        {2, 3}
+    };
+    for (std::size_t i = 0; i < 4; ++i) {
+        const auto edge = [&](int slot) { return object.points(slots.positions + slot).x; };
+        texture_line(out(), edge(corners[i].u), edge(corners[i].v));
+        vertex(points[i]);
+    }
+    end_line(out());
+}
+
+void Pen::ngon(int face, bool reversed) const
+{
+    if (!bind(face))
+        return;
+    const std::span<const Corner> corners = to.ngon.read();
+    begin_polygon_line(out());
+    if (corners.size() >= 3)
+        normal(corners[0].point, corners[1].point, corners[2].point);
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const auto [point, u, v] = corners[reversed ? corners.size() - 1 - i : i];
+        texture_line(out(), u, v);
+        vertex(point);
+    }
+    end_line(out());
+}
+
+void Pen::normal(const Vertex &a, const Vertex &b, const Vertex &c) const
+{
+    const Vertex u{a.x - b.x, a.y - b.y, a.z - b.z}, v{b.x - c.x, b.y - c.y, b.z - c.z};
+    const Vertex n{-(u.y * v.z - u.z * v.y), -(u.z * v.x - u.x * v.z), -(u.x * v.y - u.y * v.x)};
+    const double length = finite(std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z));
+    if (length == 0)
+        return;
+    const double f = 1 / length;
+    normal_line(out(), f * n.x, f * n.y, f * n.z);
+}
+
+} // namespace marlogl

@@ -1,0 +1,43 @@
+// The points of an object: recorded by its drawing function, named by number in its faces and lines.
+#pragma once
+
+#include "design/table.h"
+
+namespace marlogl {
+
+struct Vertex {
+    double x, y, z;
+};
+
+/// Point number n (from 0, in the order of recording) lives in row n + 1. Rows are never cleared: those above
+/// the count keep the points of earlier objects.
+class Points {
+  public:
+    /// Begins to count from 0 again.
+    void restart() { count_ = 0; }
+
+    int count() const { return count_; }
+
+    /// Takes the next row for a point as it is. Errors: index for more than 300 points.
+    void append(const Vertex &point) { rows_(++count_) = point; }
+
+    /// Errors: index when `point` is outside 0 to 299 (rounded after 1 was added: halves go to the even row).
+    template <typename Number> const Vertex &operator()(Number point) const { return rows_(point + 1); }
+
+    /// Whether the way from point i by j to k, seen in the x-y or the x-z plane, turns clockwise or not at
+    /// all. A number that names no row makes the differences that it takes part in 0.
+    bool turns_clockwise_xy(double i, double j, double k) const;
+    bool turns_clockwise_xz(double i, double j, double k) const;
+
+  private:
+    Vertex difference(double from, double to) const;
+
+    Table<Vertex,
+          Range{
+              0, 300
+    }>
+        rows_{"vertex table row", {0, 0, 0}};
+    int count_ = 0;
+};
+
+} // namespace marlogl

@@ -1,0 +1,36 @@
+// Pole with pennant: a line, and a triangle that is seen from both sides.
+#include "generators/figures.h"
+#include "generators/generators.h"
+
+namespace marlogl {
+
+void draw_pennant(Pen &pen)
+{
+    const double foot = pen.cell(58), pole = pen.cell(3), height = pen.cell(2), length = pen.cell(1);
+    const double top = foot + height + pole, low = foot + pole;
+    const double tip = foot + pole + whole(height / 2);
+
+    Output &out = pen.out();
+    out.line("glColor3ub( 192, 192, 192 ); ");
+    begin_lines_line(out);
+    vertex_line(out, 0, 0, foot);
+    vertex_line(out, 0, 0, top);
+    if (!trimmed(pen.object.codes(1)).empty()) {
+        const Text<11> &colour = pen.object.colours(2);
+        end_line(out);
+        out.line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ",
+                 columns(colour, 9, 11), " ) ;  ");
+        begin_polygon_line(out);
+        vertex_line(out, 0, 0, top);
+        vertex_line(out, length, 0, tip);
+        vertex_line(out, 0, 0, low);
+        end_line(out);
+        begin_polygon_line(out);
+        vertex_line(out, 0, 0, low);
+        vertex_line(out, length, 0, tip);
+        vertex_line(out, 0, 0, top);
+    }
+    end_line(out);
+}
+
+} // namespace marlogl

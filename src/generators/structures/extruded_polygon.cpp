@@ -1,0 +1,58 @@
+// Extruded polygon: a prism over an outline of up to 20 corners, seen from outside.
+#include "generators/generators.h"
+#include "generators/structures/prism.h"
+
+#include <algorithm>
+
+namespace marlogl {
+
+namespace {
+
+constexpr int before_top_outline = 20; // the outlines stand in slots 1 to 20 and 21 to 40
+constexpr Cap caps[] = {
+    {bottom, 21, 120},
+    {top,    22, 140},
+};
+
+void record_outline(const Prism &prism, int before, double flat_z, double upright_y)
+{
+    const Pen &pen = prism.pen;
+    for (double j = 1; j <= prism.n; ++j) {
+        const Point &corner = pen.object.points(j + before);
+        if (prism.flat)
+            pen.record(corner.x, corner.y, flat_z);
+        else
+            pen.record(corner.x, upright_y, pen.cell(58) + corner.y);
+    }
+}
+
+} // namespace
+
+void draw_extruded_polygon(Pen &pen)
+{
+    const Prism prism{pen};
+    const double ground = pen.cell(58), height = pen.cell(2);
+    const Span thickness = centred(height);
+    record_outline(prism, 0, ground, thickness.low);
+    record_outline(prism, before_top_outline, ground + height, thickness.high);
+
+    const bool reversed = prism.turns_clockwise();
+    pen.look_from(outside);
+    for (int i = 1; i <= prism.n; ++i) {
+        const FaceSlots slots{i, 4 * i + 37};
+        if (reversed)
+            pen.reversed_quad(slots, prism.wall_points(i));
+        else
+            pen.quad(slots, prism.wall_points(i));
+    }
+
+    constexpr std::string_view codes = "123456789ABCDEFGHIJK";
+    const auto named = static_cast<std::size_t>(std::clamp(round_half_even(prism.n), 0.0, 20.0));
+    for (const Cap &cap : caps)
+        if (pen.cell(4) == 1)
+            prism.draw_triangle_cap(cap, codes.substr(0, named));
+        else
+            prism.draw_ngon_cap(cap);
+}
+
+} // namespace marlogl
