@@ -1,33 +1,6 @@
 #include "bitmap.h"
 
-#include "files.h"
-
 #include <algorithm>
-
-#define STB_IMAGE_IMPLEMENTATION
-#define STB_IMAGE_STATIC
-#define STBI_ONLY_BMP
-#define STBI_NO_STDIO
-#define STBI_MAX_DIMENSIONS 8192
-#include <stb_image.h>
-
-std::optional<Bitmap> read_bmp(const std::filesystem::path &file)
-{
-    const std::optional<std::string> bytes = read_file(file);
-    if (!bytes || bytes->size() > 1u << 30)
-        return {};
-    int width = 0, height = 0, channels = 0;
-    stbi_set_flip_vertically_on_load(1);
-    stbi_uc *const pixels =
-        stbi_load_from_memory(reinterpret_cast<const stbi_uc *>(bytes->data()),
-                              static_cast<int>(bytes->size()), &width, &height, &channels, 3);
-    if (pixels == nullptr)
-        return {};
-    const std::size_t size = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3;
-    Bitmap bitmap{width, height, std::vector<std::uint8_t>(pixels, pixels + size), false};
-    stbi_image_free(pixels);
-    return bitmap;
-}
 
 Bitmap halved(const Bitmap &bitmap)
 {

@@ -1,9 +1,7 @@
-// Pictures in memory: BMP files, mipmaps and the checkerboard that stands for a missing texture.
+// Pictures in memory: their mipmaps, and the checkerboard that stands for a missing texture.
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
-#include <optional>
 #include <vector>
 
 struct Bitmap {
@@ -11,9 +9,6 @@ struct Bitmap {
     std::vector<std::uint8_t> rgb; // three bytes a pixel, the bottom row first, rows without padding
     bool stands_in = false;        // for a missing texture: shown in its own colours, not those of the faces
 };
-
-// Reads a BMP file. Nothing when it cannot be opened, is damaged or is wider or higher than 8192 pixels.
-std::optional<Bitmap> read_bmp(const std::filesystem::path &file);
 
 // The bitmap at half its size (rounded down, but at least 1): the next mipmap level.
 Bitmap halved(const Bitmap &bitmap);

@@ -1,46 +1,106 @@
 #include "files.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
-#include <memory>
+#include <iostream>
 #include <stdexcept>
+
+namespace fs = std::filesystem;
 
 namespace {
 
-struct Close {
-    void operator()(std::FILE *file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Close>;
+[[noreturn]] void throw_reason(const std::string &what)
+{
+    throw std::runtime_error(what + ": " + std::strerror(errno));
+}
 
 } // namespace
 
-std::optional<std::string> read_file(const std::filesystem::path &name)
+File open_to_read(const fs::path &name)
 {
-    const File file(std::fopen(name.c_str(), "rb"));
+    File file(std::fopen(name.c_str(), "rb"));
     if (!file)
-        return {};
+        throw_reason("cannot read " + name.string());
+    return file;
+}
+
+std::string read_start(const fs::path &name, std::size_t most)
+{
+    const File file = open_to_read(name);
     constexpr std::size_t step = 1 << 20;
     std::string bytes;
-    for (std::size_t got = step; got == step;) {
-        const std::size_t before = bytes.size();
-        bytes.resize(before + step);
-        got = std::fread(bytes.data() + before, 1, step, file.get());
+    for (bool more = true; more && bytes.size() < most;) {
+        const std::size_t before = bytes.size(), wanted = std::min(step, most - before);
+        bytes.resize(before + wanted);
+        const std::size_t got = std::fread(bytes.data() + before, 1, wanted, file.get());
         bytes.resize(before + got);
+        more = got == wanted;
     }
     if (std::ferror(file.get()) != 0)
-        return {};
+        throw_reason("cannot read " + name.string());
     return bytes;
 }
 
-void write_file(const std::string &name, const std::vector<std::uint8_t> &bytes)
+std::string read_file(const fs::path &name, std::size_t most_megabytes)
 {
-    const bool to_standard_output = name == "-";
-    std::FILE *const file = to_standard_output ? stdout : std::fopen(name.c_str(), "wb");
-    bool written = file != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-    if (file != nullptr)
-        written = (to_standard_output ? std::fflush(file) : std::fclose(file)) == 0 && written;
-    if (!written)
-        throw std::runtime_error("cannot write " + (to_standard_output ? "to standard output" : name) + ": " +
-                                 std::strerror(errno));
+    const std::size_t most = most_megabytes << 20;
+    std::string bytes = read_start(name, most + 1);
+    if (bytes.size() > most)
+        throw std::runtime_error(name.string() + " is larger than " + std::to_string(most_megabytes) +
+                                 " MB, the most that is read");
+    return bytes;
+}
+
+void refuse_overwriting(const std::string &output, const std::vector<fs::path> &files_read)
+{
+    const fs::path target = output == "-" ? "/dev/stdout" : output;
+    std::error_code ignored;
+    if (!fs::is_regular_file(target, ignored))
+        return;
+    for (const fs::path &file : files_read)
+        if (fs::equivalent(target, file, ignored))
+            throw std::runtime_error("the output " + output + " would overwrite " + file.string() +
+                                     ", which is shown");
+}
+
+OutputFile::OutputFile(std::string path) : name(std::move(path))
+{
+    if (name == "-")
+        return;
+    file.reset(std::fopen(name.c_str(), "wb"));
+    if (!file)
+        fail();
+}
+
+void OutputFile::write(const std::vector<std::uint8_t> &bytes)
+{
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file ? file.get() : stdout) != bytes.size())
+        fail();
+}
+
+void OutputFile::close()
+{
+    if ((file ? std::fclose(file.release()) : std::fflush(stdout)) != 0)
+        fail();
+    is_whole = true;
+}
+
+OutputFile::~OutputFile()
+{
+    std::error_code ignored;
+    if (!is_whole && fs::is_regular_file(name, ignored))
+        fs::remove(name, ignored);
+}
+
+void OutputFile::fail() const
+{
+    throw_reason("cannot write " + (name == "-" ? "to standard output" : name));
+}
+
+void flush_standard_output()
+{
+    std::cout.flush();
+    if (!std::cout)
+        throw_reason("cannot write to standard output");
 }

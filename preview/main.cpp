@@ -1,8 +1,8 @@
 #include "files.h"
 #include "options.h"
+#include "picture.h"
 #include "png_file.h"
 #include "report.h"
-#include "textures.h"
 #include "window.h"
 
 #include <iostream>
@@ -10,40 +10,50 @@
 
 namespace {
 
-Scene read_scene(const std::string &file, Problems &problems)
+// The largest file that MarlOgl itself writes has about 12 MB. One of this size is still shown within 1 GB.
+constexpr std::size_t most_megabytes = 64;
+
+Scene read_scene_of(const std::string &file, Problems &problems)
 {
-    const auto text = read_file(file);
-    if (!text)
-        throw std::runtime_error("cannot read " + file);
-    const Statements statements = read_statements(*text, problems);
-    if (statements.list.empty())
+    Scene scene = read_scene(read_file(file, most_megabytes), problems);
+    if (scene.counts.statements == 0)
         throw std::runtime_error(file + " is no output file of MarlOgl: it holds no statement");
-    return build_scene(statements, problems);
+    return scene;
 }
 
-void write_picture(const Options &options, const Scene &scene, const std::vector<Bitmap> &textures,
-                   const Look &look)
+void write_picture(const Options &options, const Scene &scene, const Textures &textures, const Look &look)
 {
     const auto [width, height] = options.resolution;
-    const Offscreen offscreen(width, height);
+    const Offscreen tile(std::min(width, largest_tile), std::min(height, largest_tile));
     Appearance appearance = options.appearance;
     appearance.thickness = oversampling;
     const Drawing drawing(scene, textures, appearance);
-    drawing.draw(frame(scene, look.direction, look.lens), width * oversampling, height * oversampling);
-    write_file(options.output, encode_png(offscreen.read()));
+    OutputFile file(options.output);
+    PngEncoder png(width, height);
+    draw_picture(tile, drawing, frame(scene, look.direction, look.lens), width, height,
+                 [&](const Picture &rows) { file.write(png.add(rows)); });
+    file.write(png.end());
+    file.close();
 }
 
 void run(const Options &options)
 {
-    Problems problems;
-    const Scene scene = read_scene(options.input, problems);
-    FileFinder finder(texture_folders(options.input, options.texture_folders));
-    const Textures textures = load_textures(scene.textures, finder);
-    write_warnings(std::cerr, options.input, problems, textures.missing);
-    if (scene.blocks.empty())
-        std::cerr << "marlogl-preview: there is nothing to show in this file\n";
-    if (options.verbose)
-        write_report(options.output == "-" ? std::cerr : std::cout, scene, problems, textures.missing);
+    Problems problems, texture_problems;
+    if (!options.output.empty())
+        refuse_overwriting(options.output, {options.input});
+    const Scene scene = read_scene_of(options.input, problems);
+    const TexturePlaces places = texture_places(options.input, options.texture_folders);
+    FileFinder finder(places.folders);
+    const Textures textures = load_textures(scene.textures, finder, texture_problems);
+    if (!options.output.empty()) {
+        refuse_overwriting(options.output, places.files_read);
+        refuse_overwriting(options.output, textures.files_read);
+    }
+    write_warnings(std::cerr, options.input, scene, problems, texture_problems);
+    if (options.verbose) {
+        write_report(options.output == "-" ? std::cerr : std::cout, scene, problems, textures);
+        flush_standard_output();
+    }
     if (!options.render)
         return;
     const auto [width, height] = options.resolution;
@@ -51,10 +61,10 @@ void run(const Options &options)
         options.direction, {static_cast<double>(width) / height, options.zoom, options.orthographic}
     };
     if (options.output.empty())
-        show_window("marlogl-preview - " + options.input, width, height, scene, textures.bitmaps, look,
+        show_window("marlogl-preview - " + options.input, width, height, scene, textures, look,
                     options.appearance);
     else
-        write_picture(options, scene, textures.bitmaps, look);
+        write_picture(options, scene, textures, look);
 }
 
 } // namespace
@@ -62,14 +72,14 @@ void run(const Options &options)
 int main(int argc, char **argv)
 {
     int exit_status = 0;
-    const auto options = parse_options(argc, argv, exit_status);
-    if (!options)
-        return exit_status;
     try {
-        run(*options);
+        const auto options = parse_options(argc, argv, exit_status);
+        if (options)
+            run(*options);
+        flush_standard_output();
     } catch (const std::exception &error) {
         std::cerr << "marlogl-preview: " << error.what() << '\n';
         return 1;
     }
-    return 0;
+    return exit_status;
 }

@@ -26,7 +26,8 @@ class Offscreen {
     // error, as for too little memory.
     Picture read() const;
 
+    const int width, height; // of the picture
+
   private:
-    int width, height;
     void *display = nullptr;
 };

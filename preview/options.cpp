@@ -84,6 +84,7 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
     app.add_option("--texture-dir", options.texture_folders, "One more folder with textures; repeatable")
         ->type_name("DIR")
+        ->check(CLI::ExistingDirectory)
         ->allow_extra_args(false);
     app.add_flag("--no-render", no_render, "Read the file only");
     app.add_flag("--verbose", options.verbose, "Report what the file holds");

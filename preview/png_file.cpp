@@ -3,6 +3,7 @@
 #include <png.h>
 
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -12,38 +13,61 @@ void append(png_structp png, png_bytep data, png_size_t size)
     bytes.insert(bytes.end(), data, data + size);
 }
 
-// False on an error. libpng leaves by longjmp, so nothing with a destructor may live in here.
-bool write_png(png_structp png, png_infop info, const Picture &picture)
+// False on an error. libpng leaves by longjmp, so nothing with a destructor may live in the steps.
+template <class Step> bool succeeds(png_structp png, Step step)
 {
     if (setjmp(png_jmpbuf(png)) != 0)
         return false;
-    const auto width = static_cast<png_uint_32>(picture.width),
-               height = static_cast<png_uint_32>(picture.height);
-    png_set_IHDR(png, info, width, height, 8, PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
-                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-    png_set_compression_level(png, 3);
-    png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
-    png_write_info(png, info);
-    for (std::size_t row = 0; row < height; ++row)
-        png_write_row(png, picture.rgb.data() + row * width * 3);
-    png_write_end(png, info);
+    step();
     return true;
 }
 
 } // namespace
 
-std::vector<std::uint8_t> encode_png(const Picture &picture)
-{
-    std::vector<std::uint8_t> bytes;
+struct PngEncoder::State {
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
     png_infop info = png != nullptr ? png_create_info_struct(png) : nullptr;
-    bool written = false;
-    if (info != nullptr) {
-        png_set_write_fn(png, &bytes, append, nullptr);
-        written = write_png(png, info, picture);
+    std::vector<std::uint8_t> bytes;
+
+    State() = default;
+    ~State() { png_destroy_write_struct(&png, &info); }
+    State(const State &) = delete;
+    State &operator=(const State &) = delete;
+
+    template <class Step> std::vector<std::uint8_t> bytes_of(Step step)
+    {
+        if (info == nullptr || !succeeds(png, step))
+            throw std::runtime_error("cannot encode the picture as PNG");
+        return std::exchange(bytes, {});
     }
-    png_destroy_write_struct(&png, &info);
-    if (!written)
-        throw std::runtime_error("cannot encode the picture as PNG");
-    return bytes;
+};
+
+PngEncoder::PngEncoder(int width, int height) : state(std::make_unique<State>())
+{
+    state->bytes = state->bytes_of([&] {
+        png_structp png = state->png;
+        png_set_write_fn(png, &state->bytes, append, nullptr);
+        png_set_IHDR(png, state->info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8,
+                     PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                     PNG_FILTER_TYPE_DEFAULT);
+        png_set_compression_level(png, 3);
+        png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
+        png_write_info(png, state->info);
+    });
+}
+
+PngEncoder::~PngEncoder() = default;
+
+std::vector<std::uint8_t> PngEncoder::add(const Picture &rows)
+{
+    return state->bytes_of([&] {
+        const auto stride = static_cast<std::size_t>(rows.width) * 3;
+        for (std::size_t row = 0; row < static_cast<std::size_t>(rows.height); ++row)
+            png_write_row(state->png, rows.rgb.data() + row * stride);
+    });
+}
+
+std::vector<std::uint8_t> PngEncoder::end()
+{
+    return state->bytes_of([&] { png_write_end(state->png, state->info); });
 }

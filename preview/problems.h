@@ -1,4 +1,4 @@
-// What could not be read, each with its line. Shared by the statement reader and the scene builder.
+// What could not be read or shown, each with its line.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 #include <vector>
 
 struct Problem {
-    std::uint32_t line; // counted from 1
+    std::uint32_t line; // counted from 1; 0 for the file as a whole
     std::string text;
 };
 

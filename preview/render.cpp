@@ -55,7 +55,9 @@ void place_lights()
 
 GLenum mode_of(Primitive primitive)
 {
-    return primitive == Primitive::points ? GL_POINTS : primitive == Primitive::lines ? GL_LINES : GL_POLYGON;
+    return primitive == Primitive::points  ? GL_POINTS
+           : primitive == Primitive::lines ? GL_LINES
+                                           : GL_TRIANGLES;
 }
 
 void set(GLenum capability, bool on)
@@ -63,62 +65,34 @@ void set(GLenum capability, bool on)
     on ? glEnable(capability) : glDisable(capability);
 }
 
-void play(const Scene &scene, const Block &block, bool in_white)
-{
-    constexpr std::uint8_t white[] = {255, 255, 255};
-    const Vec3 centre = scene.centre();
-    glBegin(mode_of(block.primitive));
-    for (std::size_t i = block.first; i < block.first + block.count; ++i) {
-        const Vertex &vertex = scene.vertices[i];
-        const Vec3 position = vertex.position - centre;
-        glColor3ubv(in_white ? white : vertex.colour.data());
-        glNormal3d(vertex.normal.x, vertex.normal.y, vertex.normal.z);
-        glTexCoord2d(vertex.s, vertex.t);
-        glVertex3d(position.x, position.y, position.z);
-    }
-    glEnd();
-}
-
-// Walls are often two faces in one plane, for the inside and the outside: the viewer is to see the one whose
-// corners run counter-clockwise for him. The others are drawn a little behind. All faces lie a little behind
-// the lines, so that lines on them show.
-void draw_both_sides(unsigned list)
-{
-    glFrontFace(GL_CW); // the written normals point to the viewer of clockwise corners
-    glEnable(GL_CULL_FACE);
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glCullFace(GL_FRONT);
-    glPolygonOffset(1, 1);
-    glCallList(list);
-    glCullFace(GL_BACK);
-    glPolygonOffset(2, 8);
-    glCallList(list);
-}
-
 } // namespace
 
-Drawing::Drawing(const Scene &scene, const std::vector<Bitmap> &textures, const Appearance &look)
-    : appearance(look)
+Drawing::Drawing(const Scene &shown, const Textures &textures, const Appearance &look)
+    : scene(shown), appearance(look)
 {
     std::vector<unsigned> names;
-    for (const Bitmap &bitmap : textures)
+    for (const Bitmap &bitmap : textures.bitmaps)
         names.push_back(upload_texture(bitmap));
-    list = glGenLists(1);
-    glNewList(list, GL_COMPILE);
-    for (const Block &block : scene.blocks) {
-        const bool textured = block.texture != Block::untextured;
-        set(GL_LIGHTING, appearance.lit && block.primitive == Primitive::polygon);
-        set(GL_TEXTURE_2D, textured);
-        if (textured)
-            glBindTexture(GL_TEXTURE_2D, names[block.texture]);
-        play(scene, block, textured && textures[block.texture].stands_in);
+    for (const std::uint32_t number : textures.of_name)
+        paints.push_back({names[number], textures.bitmaps[number].stands_in});
+    const Vec3 centre = scene.centre();
+    corners.reserve(scene.vertices.size());
+    for (const auto &[position, normal, s, t, colour] : scene.vertices) {
+        const Vec3 at = position - centre;
+        corners.push_back({
+            {static_cast<float>(at.x), static_cast<float>(at.y), static_cast<float>(at.z)},
+            normal,
+            {              s,                       t                        },
+            { colour[0],                     colour[1],                                             colour[2],                 255}
+        });
     }
-    glEndList();
 }
 
-void Drawing::draw(const Camera &camera, int width, int height) const
+void Drawing::draw(const Camera &camera, int width, int height, int left, int bottom) const
 {
-    glViewport(0, 0, width, height);
+    // The viewport may reach beyond the framebuffer: all parts of a picture are of one projection, and lines
+    // and points at their borders are cut by the framebuffer only.
+    glViewport(-left, -bottom, width, height);
     const auto [red, green, blue] = appearance.background;
     glClearColor(red, green, blue, 1);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -132,5 +106,56 @@ void Drawing::draw(const Camera &camera, int width, int height) const
     glLoadIdentity();
     place_lights();
     glLoadMatrixd(camera.view.data());
-    draw_both_sides(list);
+    draw_both_sides();
+}
+
+// Walls are often two faces in one plane, for the inside and the outside: the viewer is to see the one whose
+// corners run counter-clockwise for him. The others are drawn a little behind. All faces lie a little behind
+// the lines, so that lines on them show.
+void Drawing::draw_both_sides() const
+{
+    glFrontFace(GL_CW); // the written normals point to the viewer of clockwise corners
+    glEnable(GL_CULL_FACE);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glCullFace(GL_FRONT);
+    glPolygonOffset(1, 1);
+    draw_runs();
+    glCullFace(GL_BACK);
+    glPolygonOffset(2, 8);
+    draw_runs();
+}
+
+void Drawing::draw_runs() const
+{
+    if (corners.empty())
+        return;
+    constexpr int step = sizeof(Corner);
+    constexpr std::size_t most_at_once = 6 << 13; // whole lines and triangles
+    for (const GLenum array : {GL_VERTEX_ARRAY, GL_NORMAL_ARRAY, GL_TEXTURE_COORD_ARRAY})
+        glEnableClientState(array);
+    glVertexPointer(3, GL_FLOAT, step, corners.front().position.data());
+    glNormalPointer(GL_FLOAT, step, corners.front().normal.data());
+    glTexCoordPointer(2, GL_FLOAT, step, corners.front().texture_point.data());
+    glColorPointer(4, GL_UNSIGNED_BYTE, step, corners.front().colour.data());
+    std::size_t queued = 0; // draws and corners; drivers keep them all until they are finished
+    for (const Run &run : scene.runs) {
+        const bool textured = run.texture != Run::untextured;
+        const bool in_white = textured && paints[run.texture].in_white;
+        set(GL_LIGHTING, appearance.lit && run.primitive == Primitive::triangles);
+        set(GL_TEXTURE_2D, textured);
+        if (textured)
+            glBindTexture(GL_TEXTURE_2D, paints[run.texture].name);
+        in_white ? glDisableClientState(GL_COLOR_ARRAY) : glEnableClientState(GL_COLOR_ARRAY);
+        glColor3ub(255, 255, 255);
+        for (std::size_t done = 0; done < run.count; done += most_at_once) {
+            const std::size_t count = std::min(run.count - done, most_at_once);
+            glDrawElements(mode_of(run.primitive), static_cast<int>(count), GL_UNSIGNED_INT,
+                           &scene.corners[run.first + done]);
+            queued += 50 + count;
+            if (queued > most_at_once) {
+                glFinish();
+                queued = 0;
+            }
+        }
+    }
 }

@@ -1,8 +1,8 @@
 // Draws a scene through OpenGL 1.1. A context must be current for every call.
 #pragma once
 
-#include "bitmap.h"
 #include "framing.h"
+#include "textures.h"
 
 using Colour = std::array<float, 3>; // red, green, blue from 0 to 1
 
@@ -12,16 +12,33 @@ struct Appearance {
     float thickness = 1; // of lines and points, in screen pixels: 1 for a screen, 2 at double size
 };
 
-// A scene in the memory of the driver. Lives as long as the context in which it was made.
+// A scene made ready for OpenGL. Lives as long as the context in which it was made, and as the scene.
 class Drawing {
   public:
-    // Compiles the scene; `textures` holds a bitmap for each of its texture names.
-    Drawing(const Scene &scene, const std::vector<Bitmap> &textures, const Appearance &look);
+    // `textures` are those of the scene.
+    Drawing(const Scene &scene, const Textures &textures, const Appearance &look);
 
-    // Draws into the current framebuffer; width and height in pixels.
-    void draw(const Camera &camera, int width, int height) const;
+    // Draws a picture of width x height pixels into the current framebuffer, so that the pixel (left, bottom)
+    // of the picture, counted from its lower left corner, comes to the lower left corner of the framebuffer.
+    void draw(const Camera &camera, int width, int height, int left = 0, int bottom = 0) const;
 
   private:
+    // As OpenGL takes it: relative to the centre of the scene, so that floats are precise enough.
+    struct Corner {
+        std::array<float, 3> position, normal;
+        std::array<float, 2> texture_point;
+        std::array<std::uint8_t, 4> colour;
+    };
+    struct Paint {
+        unsigned name; // of the texture
+        bool in_white; // shown in its own colours, not those of the faces
+    };
+
+    void draw_both_sides() const;
+    void draw_runs() const;
+
+    const Scene &scene;
     Appearance appearance;
-    unsigned list = 0;
+    std::vector<Corner> corners; // one for each vertex of the scene
+    std::vector<Paint> paints;   // one for each texture name of the scene
 };

@@ -4,41 +4,56 @@
 
 namespace {
 
-// Names come from the file with any bytes; control characters would reach the terminal.
+// Names come from the file with any bytes and length; control characters would reach the terminal.
 std::string printable(std::string text)
 {
+    constexpr std::size_t longest = 1000;
+    if (text.size() > longest)
+        text = text.substr(0, longest) + "...";
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
     return text;
 }
 
-} // namespace
-
-void write_warnings(std::ostream &to, const std::string &file, const Problems &problems,
-                    const std::vector<std::string> &missing_textures)
+void write_problems(std::ostream &to, const std::string &file, const Problems &problems)
 {
     const std::string start = "marlogl-preview: " + printable(file) + ":";
-    for (const Problem &problem : problems.list())
-        to << start << problem.line << ": " << problem.text << '\n';
+    for (const auto &[line, text] : problems.list())
+        to << start << (line > 0 ? std::to_string(line) + ":" : "") << ' ' << printable(text) << '\n';
     if (problems.count() > problems.list().size())
-        to << start << " " << problems.count() - problems.list().size() << " more problems\n";
-    for (const std::string &name : missing_textures)
-        to << start << " texture \"" << printable(name) << "\" is missing or no BMP file\n";
+        to << start << ' ' << problems.count() - problems.list().size() << " more problems\n";
 }
 
-void write_report(std::ostream &to, const Scene &scene, const Problems &problems,
-                  const std::vector<std::string> &missing_textures)
+} // namespace
+
+void write_warnings(std::ostream &to, const std::string &file, const Scene &scene, const Problems &problems,
+                    const Problems &texture_problems)
 {
-    to << "objects                 " << scene.objects << '\n'
+    write_problems(to, file, problems);
+    write_problems(to, file, texture_problems);
+    if (!scene.is_whole)
+        to << "marlogl-preview: " << printable(file)
+           << ": the last four lines are missing: the file was cut, or its conversion failed\n";
+    if (scene.runs.empty())
+        to << "marlogl-preview: " << printable(file) << ": there is nothing to show in this file\n";
+}
+
+void write_report(std::ostream &to, const Scene &scene, const Problems &problems, const Textures &textures)
+{
+    to << "objects                 " << scene.counts.objects << '\n'
        << "faces                   " << scene.faces << '\n'
+       << "concave faces           " << scene.concave_faces;
+    if (scene.concave_faces > 0)
+        to << ", the first ends in line " << scene.first_concave_line;
+    to << '\n'
        << "lines                   " << scene.lines << '\n'
        << "points                  " << scene.points << '\n'
        << "bounds x                " << scene.lowest.x << " to " << scene.highest.x << '\n'
        << "bounds y                " << scene.lowest.y << " to " << scene.highest.y << '\n'
        << "bounds z                " << scene.lowest.z << " to " << scene.highest.z << '\n'
        << "textures                " << scene.textures.size() << '\n'
-       << "missing textures        " << missing_textures.size() << '\n'
-       << "skipped lines           " << scene.skipped_lines << '\n'
+       << "missing textures        " << textures.missing << '\n'
+       << "skipped lines           " << scene.counts.skipped_lines << '\n'
        << "problems                " << problems.count() << '\n'
        << "unbalanced matrix calls " << scene.unbalanced_matrix_calls << '\n';
 }

@@ -1,7 +1,10 @@
 #include "scene.h"
 
+#include "polygons.h"
+
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 
 namespace {
 
@@ -11,6 +14,22 @@ bool is_usable(Vec3 point)
 {
     const auto fits = [](double value) { return std::abs(value) <= largest_coordinate; }; // false for NaN
     return fits(point.x) && fits(point.y) && fits(point.z);
+}
+
+std::array<float, 3> in_floats(Vec3 v)
+{
+    return {static_cast<float>(v.x), static_cast<float>(v.y), static_cast<float>(v.z)};
+}
+
+Vec3 in_doubles(const std::array<float, 3> &v)
+{
+    return {v[0], v[1], v[2]};
+}
+
+float in_float(double value)
+{
+    constexpr double most = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(value, -most, most));
 }
 
 // In this output the normal points away from a viewer who sees the corners run counter-clockwise.
@@ -25,29 +44,45 @@ Vec3 normal_of_corners(const Vertex *corners, std::size_t count)
 
 class Builder {
   public:
-    Builder(const Statements &from, Problems &to) : statements(from), problems(to)
+    Builder(std::string_view from, Problems &to) : text(from), problems(to)
     {
-        scene.objects = from.objects;
-        scene.skipped_lines = from.skipped_lines;
-        texture_numbers.resize(from.textures.size(), Block::untextured);
+        // As many as the text can hold at most. What stays empty costs nothing, growing would cost twice.
+        constexpr std::size_t shortest_vertex = std::string_view("glVertex3d(0,0,0);").size();
+        const std::size_t most = text.size() / shortest_vertex + 1;
+        scene.vertices.reserve(most + std::min(most, most_crossings));
+        scene.corners.reserve(3 * most);
     }
 
     Scene build()
     {
-        for (const Statement &statement : statements.list) {
+        scene.counts = read_statements(text, problems, [this](const Statement &statement) {
             line = statement.line;
+            follow_footer(statement);
             play(statement);
-        }
+        });
         if (in_block) {
             problems.add(line, "glEnd is missing at the end of the file");
             end_block();
         }
         scene.unbalanced_matrix_calls += stack.size();
+        scene.is_whole = footer_lines == 4;
         measure();
         return std::move(scene);
     }
 
   private:
+    // The last four statements of a complete file: glPopMatrix and three that clear the texture matrix.
+    void follow_footer(const Statement &statement)
+    {
+        const auto is = [&](Operation operation, Symbol symbol) {
+            return statement.operation == operation && statement.symbol == symbol;
+        };
+        const bool goes_on = (footer_lines == 1 && is(Operation::matrix_mode, Symbol::texture)) ||
+                             (footer_lines == 2 && is(Operation::load_identity, Symbol::other)) ||
+                             (footer_lines == 3 && is(Operation::matrix_mode, Symbol::modelview));
+        footer_lines = goes_on ? footer_lines + 1 : statement.operation == Operation::pop_matrix;
+    }
+
     void play(const Statement &statement)
     {
         const auto [a, b, c, d] = statement.values;
@@ -81,6 +116,7 @@ class Builder {
             break;
         case Operation::bind_texture:
             bound_texture = statement.texture;
+            bound_texture_line = line;
             break;
         case Operation::enable:
         case Operation::disable:
@@ -101,11 +137,11 @@ class Builder {
                              static_cast<std::uint8_t>(c)};
             break;
         case Operation::normal:
-            vertex.normal = current.normal({a, b, c});
+            vertex.normal = in_floats(current.normal({a, b, c}));
             break;
         case Operation::tex_coord:
-            vertex.s = a;
-            vertex.t = b;
+            vertex.s = in_float(a);
+            vertex.t = in_float(b);
             has_tex_coords = true;
             break;
         case Operation::vertex:
@@ -154,11 +190,10 @@ class Builder {
             problems.add(line, "glBegin: only GL_POLYGON, GL_LINES and GL_POINTS can be shown");
             return;
         }
-        block = {};
-        block.primitive = symbol == Symbol::points  ? Primitive::points
-                          : symbol == Symbol::lines ? Primitive::lines
-                                                    : Primitive::polygon;
-        block.first = scene.vertices.size();
+        primitive = symbol == Symbol::points  ? Primitive::points
+                    : symbol == Symbol::lines ? Primitive::lines
+                                              : Primitive::triangles;
+        first = scene.vertices.size();
         vertex.normal = {};
         has_tex_coords = false;
         has_wild_vertices = false;
@@ -181,64 +216,87 @@ class Builder {
     void end_block()
     {
         in_block = false;
-        block.count = scene.vertices.size() - block.first;
         if (has_wild_vertices) {
             problems.add(line, "the block that ends here has coordinates too large to be shown");
-            block.count = 0;
+            scene.vertices.resize(first);
         }
         keep_whole_primitives();
-        scene.vertices.resize(block.first + block.count);
-        if (block.count == 0)
+        if (scene.vertices.size() == first)
             return;
-        if (block.primitive == Primitive::polygon) {
-            complete_normals();
-            if (has_tex_coords && texture_enabled && bound_texture != Block::untextured)
-                block.texture = texture_number(bound_texture);
-        }
-        scene.blocks.push_back(block);
+        std::uint32_t texture = Run::untextured;
+        if (primitive == Primitive::triangles && has_tex_coords && texture_enabled && bound_texture_line > 0)
+            texture = number_of_bound_texture();
+        if (scene.runs.empty() || scene.runs.back().primitive != primitive ||
+            scene.runs.back().texture != texture)
+            scene.runs.push_back({primitive, texture, scene.corners.size(), 0});
+        add_corners();
+        scene.runs.back().count = scene.corners.size() - scene.runs.back().first;
     }
 
     // OpenGL draws neither a polygon of two corners nor a line with one end.
     void keep_whole_primitives()
     {
-        switch (block.primitive) {
+        std::size_t count = scene.vertices.size() - first;
+        switch (primitive) {
         case Primitive::points:
-            scene.points += block.count;
+            scene.points += count;
             break;
         case Primitive::lines:
-            block.count -= block.count % 2;
-            scene.lines += block.count / 2;
+            count -= count % 2;
+            scene.lines += count / 2;
             break;
-        case Primitive::polygon:
-            block.count = block.count < 3 ? 0 : block.count;
-            scene.faces += block.count > 0;
+        case Primitive::triangles:
+            count = count < 3 ? 0 : count;
+            scene.faces += count > 0;
             break;
         }
+        scene.vertices.resize(first + count);
+    }
+
+    void add_corners()
+    {
+        if (primitive != Primitive::triangles) {
+            for (std::size_t i = first; i < scene.vertices.size(); ++i)
+                scene.corners.push_back(static_cast<std::uint32_t>(i));
+            return;
+        }
+        complete_normals();
+        const Shape shape = cutter.cut(scene.vertices, first, scene.corners);
+        if (shape == Shape::convex)
+            return;
+        if (++scene.concave_faces == 1)
+            scene.first_concave_line = line;
+        if (shape == Shape::crossing)
+            problems.add(line, "the edges of the polygon that ends here cross each other");
+        if (shape == Shape::long_concave)
+            problems.add(line,
+                         "the concave polygon that ends here is not cut into triangles; it has more than " +
+                             std::to_string(most_corners_cut) + " corners");
     }
 
     // A face is lit from both sides: what counts is the line of its normal. Roads write theirs to the other
     // side than all other faces, and only with their last corner.
     void complete_normals()
     {
-        Vertex *const corners = &scene.vertices[block.first];
-        const Vec3 own = normal_of_corners(corners, block.count);
-        for (std::size_t i = 0; i < block.count; ++i) {
-            Vec3 &normal = corners[i].normal;
+        Vertex *const corners = &scene.vertices[first];
+        const std::size_t count = scene.vertices.size() - first;
+        const Vec3 own = normal_of_corners(corners, count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const Vec3 normal = in_doubles(corners[i].normal);
             if (length(normal) == 0)
-                normal = own;
+                corners[i].normal = in_floats(own);
             else if (dot(normal, own) < 0)
-                normal = normal * -1;
+                corners[i].normal = in_floats(normal * -1);
         }
     }
 
-    std::uint32_t texture_number(std::uint32_t name)
+    std::uint32_t number_of_bound_texture()
     {
-        std::uint32_t &number = texture_numbers[name];
-        if (number == Block::untextured) {
-            number = static_cast<std::uint32_t>(scene.textures.size());
-            scene.textures.push_back(statements.textures[name]);
-        }
-        return number;
+        const auto number = static_cast<std::uint32_t>(scene.textures.size());
+        const auto [known, is_new] = texture_numbers.try_emplace(bound_texture, number);
+        if (is_new)
+            scene.textures.push_back({std::string(bound_texture), bound_texture_line});
+        return known->second;
     }
 
     void measure()
@@ -255,16 +313,20 @@ class Builder {
         }
     }
 
-    const Statements &statements;
+    std::string_view text;
     Problems &problems;
     Scene scene;
-    std::vector<std::uint32_t> texture_numbers; // from names of the file to names that are shown
+    PolygonCutter cutter;
+    std::unordered_map<std::string_view, std::uint32_t> texture_numbers; // of those that are shown
     std::vector<Placement> stack;
     Placement current;
-    Block block;
     Vertex vertex;
+    std::string_view bound_texture;
+    std::size_t first = 0; // vertex of the block
+    Primitive primitive = Primitive::triangles;
     std::uint32_t line = 0;
-    std::uint32_t bound_texture = Block::untextured;
+    std::uint32_t bound_texture_line = 0; // 0: no texture is bound
+    int footer_lines = 0;
     bool in_modelview = true;
     bool texture_enabled = false;
     bool in_block = false;
@@ -274,7 +336,7 @@ class Builder {
 
 } // namespace
 
-Scene build_scene(const Statements &statements, Problems &problems)
+Scene read_scene(std::string_view text, Problems &problems)
 {
-    return Builder(statements, problems).build();
+    return Builder(text, problems).build();
 }

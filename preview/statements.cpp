@@ -3,7 +3,6 @@
 #include "cursor.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace {
 
@@ -62,7 +61,9 @@ constexpr std::string_view scenery_commands[] = {"Call",     "TransformCall", "J
 
 class Reader {
   public:
-    Reader(Statements &good, Problems &bad) : statements(good), problems(bad) {}
+    Reader(Problems &to, const std::function<void(const Statement &)> &on) : problems(to), take(on) {}
+
+    Counts counts;
 
     void read_line(std::string_view line)
     {
@@ -75,7 +76,7 @@ class Reader {
             return;
         }
         if (cursor.starts_with(":") || cursor.starts_with(";")) {
-            ++statements.skipped_lines;
+            ++counts.skipped_lines;
             return;
         }
         while (!cursor.at_end() && !cursor.starts_with("//"))
@@ -87,11 +88,11 @@ class Reader {
     // An object is announced by two comments: its number and its name. The name may look like a number.
     void read_comment(Cursor cursor)
     {
-        ++statements.skipped_lines;
+        ++counts.skipped_lines;
         cursor.take('/');
         cursor.take('/');
         const bool announces = !name_follows && cursor.starts_with("*** Sequence ");
-        statements.objects += announces;
+        counts.objects += announces;
         name_follows = announces;
     }
 
@@ -104,7 +105,7 @@ class Reader {
         if (form == std::end(forms)) {
             if (std::find(std::begin(scenery_commands), std::end(scenery_commands), name) !=
                 std::end(scenery_commands))
-                ++statements.skipped_lines;
+                ++counts.skipped_lines;
             else
                 problems.add(line_number, "no statement is known that starts like this");
             return false;
@@ -118,7 +119,8 @@ class Reader {
             return false;
         if (!cursor.take(')') || !cursor.take(';'))
             return damaged(*form, ") or ; is missing");
-        statements.list.push_back(statement);
+        ++counts.statements;
+        take(statement);
         return true;
     }
 
@@ -145,7 +147,7 @@ class Reader {
         case Arguments::symbol:
             return read_symbol(cursor.word(), statement);
         case Arguments::text:
-            return read_texture(cursor, statement);
+            return cursor.quoted(statement.texture);
         }
         return false;
     }
@@ -158,39 +160,24 @@ class Reader {
         return name.starts_with("GL_");
     }
 
-    bool read_texture(Cursor &cursor, Statement &statement)
-    {
-        std::string_view name;
-        if (!cursor.quoted(name))
-            return false;
-        const auto [known, is_new] =
-            texture_indices.try_emplace(name, static_cast<std::uint32_t>(statements.textures.size()));
-        if (is_new)
-            statements.textures.emplace_back(name);
-        statement.texture = known->second;
-        return true;
-    }
-
     bool damaged(const Form &form, std::string_view what)
     {
         problems.add(line_number, std::string(form.name) + ": " + std::string(what));
         return false;
     }
 
-    Statements &statements;
     Problems &problems;
-    std::unordered_map<std::string_view, std::uint32_t> texture_indices;
+    const std::function<void(const Statement &)> &take;
     std::uint32_t line_number = 0;
     bool name_follows = false;
 };
 
 } // namespace
 
-Statements read_statements(std::string_view text, Problems &problems)
+Counts read_statements(std::string_view text, Problems &problems,
+                       const std::function<void(const Statement &)> &take)
 {
-    Statements statements;
-    statements.list.reserve(text.size() / 32);
-    Reader reader(statements, problems);
+    Reader reader(problems, take);
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
         std::string_view line = text.substr(0, end);
@@ -199,5 +186,5 @@ Statements read_statements(std::string_view text, Problems &problems)
         reader.read_line(line);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
-    return statements;
+    return reader.counts;
 }

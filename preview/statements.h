@@ -1,4 +1,4 @@
-// The reader: from the text of an output file to a list of OpenGL statements. It knows no OpenGL and
+// The reader: from the text of an output file to OpenGL statements. It knows no OpenGL and
 // keeps no state between statements; what they mean together is the business of scene.h.
 #pragma once
 
@@ -6,7 +6,7 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
+#include <functional>
 #include <string_view>
 
 enum class Operation : std::uint8_t {
@@ -43,17 +43,18 @@ struct Statement {
     Operation operation;
     Symbol symbol = Symbol::other;            // of matrix_mode, enable, disable, begin
     std::uint32_t line = 0;                   // counted from 1
-    std::uint32_t texture = 0;                // of bind_texture: index into Statements::textures
+    std::string_view texture = {};            // of bind_texture: the name, a piece of the text
     std::array<double, 4> values{0, 0, 0, 0}; // as many as the statement has; colours 0 to 255
 };
 
-struct Statements {
-    std::vector<Statement> list;
-    std::vector<std::string> textures; // every name once, in the bytes of the file
-    std::size_t skipped_lines = 0;     // comments and scenery commands
-    std::size_t objects = 0;           // comments that announce an object
+struct Counts {
+    std::size_t statements = 0;
+    std::size_t skipped_lines = 0; // comments and scenery commands
+    std::size_t objects = 0;       // comments that announce an object
 };
 
-// Reads a whole output file. Line ends are LF or CR LF; several statements may share a line. Any bytes are
+// Reads a whole output file and hands each statement on at once, since a list of them would be several times
+// as large as the text. Line ends are LF or CR LF; several statements may share a line. Any bytes are
 // accepted: a statement that cannot be read is left out and told to `problems`.
-Statements read_statements(std::string_view text, Problems &problems);
+Counts read_statements(std::string_view text, Problems &problems,
+                       const std::function<void(const Statement &)> &take);

@@ -1,8 +1,10 @@
 #include "textures.h"
 
+#include "bmp_file.h"
 #include "files.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace fs = std::filesystem;
 
@@ -19,7 +21,13 @@ std::string in_small_letters(std::string text)
 // The first line of a MarlOgl.dat: the path of the design file, with / between folders.
 std::string design_file_named_by(const fs::path &dat)
 {
-    std::string text = read_file(dat).value_or("");
+    constexpr std::size_t longest_path = 4096;
+    std::string text;
+    try {
+        text = read_start(dat, longest_path);
+    } catch (const std::exception &) {
+        return {}; // what is not found without it is told as missing
+    }
     text.erase(std::min(text.find_first_of("\r\n"), text.size()));
     text.erase(0, text.find_first_not_of(' '));
     text.erase(text.find_last_not_of(' ') + 1);
@@ -31,6 +39,101 @@ fs::path folder_of(const fs::path &file)
 {
     return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
+
+void add_folder(std::vector<fs::path> &folders, const fs::path &folder)
+{
+    const fs::path plain = folder.lexically_normal();
+    if (std::find(folders.begin(), folders.end(), plain) == folders.end())
+        folders.push_back(plain);
+}
+
+std::string joined(const std::vector<fs::path> &folders)
+{
+    std::string text;
+    for (const fs::path &folder : folders)
+        text += (text.empty() ? "" : ", ") + folder.string();
+    return text;
+}
+
+// The largest edge, a power of two, with which bitmaps of these sizes fit into memory together.
+int largest_edge_for(const std::vector<BmpSize> &sizes)
+{
+    for (int edge = largest_bmp; edge > 1; edge /= 2) {
+        std::size_t pixels = 0;
+        for (BmpSize size : sizes) {
+            for (; std::max(size.width, size.height) > edge; size.width /= 2, size.height /= 2)
+                ;
+            pixels += static_cast<std::size_t>(std::max(size.width, 1)) *
+                      static_cast<std::size_t>(std::max(size.height, 1));
+        }
+        if (pixels <= most_texture_pixels)
+            return edge;
+    }
+    return 1;
+}
+
+// Gives every name the number of its file.
+class TextureLoader {
+  public:
+    TextureLoader(FileFinder &in, Problems &to) : finder(in), problems(to) {}
+
+    Textures load(const std::vector<TextureName> &names)
+    {
+        for (const TextureName &texture : names) {
+            const std::uint32_t number = number_of(texture);
+            textures.of_name.push_back(number);
+            textures.missing += number == 0;
+        }
+        textures.bitmaps.push_back(checkerboard());
+        const int edge = largest_edge_for(sizes);
+        if (edge < largest_bmp)
+            problems.add(0, "the textures are too large together; they are shown at " + std::to_string(edge) +
+                                " pixels or less");
+        for (const fs::path &file : files)
+            textures.bitmaps.push_back(read_bmp(file, edge));
+        return std::move(textures);
+    }
+
+  private:
+    // 0 where there is no bitmap.
+    std::uint32_t number_of(const TextureName &texture)
+    {
+        const std::string quoted = "texture \"" + texture.name + '"';
+        const auto file = finder.find(texture.name);
+        if (!file) {
+            problems.add(texture.line,
+                         quoted + " is missing; it was looked for in " + joined(finder.places()));
+            return 0;
+        }
+        const auto [known, is_new] = numbers.try_emplace(file->lexically_normal(), 0);
+        if (is_new)
+            textures.files_read.push_back(*file);
+        if (known->second == 0)
+            try {
+                known->second = add(*file);
+            } catch (const std::exception &error) {
+                problems.add(texture.line, quoted + ": " + error.what());
+            }
+        return known->second;
+    }
+
+    std::uint32_t add(const fs::path &file)
+    {
+        if (files.size() == most_bitmaps)
+            throw std::runtime_error("more than " + std::to_string(most_bitmaps) +
+                                     " bitmaps cannot be shown");
+        sizes.push_back(size_of_bmp(file));
+        files.push_back(file);
+        return static_cast<std::uint32_t>(files.size());
+    }
+
+    FileFinder &finder;
+    Problems &problems;
+    Textures textures;
+    std::map<fs::path, std::uint32_t> numbers;
+    std::vector<fs::path> files;
+    std::vector<BmpSize> sizes;
+};
 
 } // namespace
 
@@ -80,31 +183,28 @@ const FileFinder::Listing &FileFinder::listing_of(const fs::path &folder)
     return known->second;
 }
 
-std::vector<fs::path> texture_folders(const fs::path &output_file, const std::vector<std::string> &more)
+TexturePlaces texture_places(const fs::path &output_file, const std::vector<std::string> &more)
 {
     const fs::path beside = folder_of(output_file);
-    std::vector<fs::path> folders{beside};
+    TexturePlaces places;
+    add_folder(places.folders, beside);
     for (const fs::path &place : {beside, beside / "..", fs::path(".")}) {
         const auto dat = FileFinder({place}).find("MarlOgl.dat");
-        const std::string design = dat ? design_file_named_by(*dat) : "";
+        if (!dat)
+            continue;
+        places.files_read.push_back(*dat);
+        const std::string design = design_file_named_by(*dat);
         if (design.empty())
             continue;
-        folders.push_back(folder_of(place / design));
-        folders.push_back(folder_of(design));
+        add_folder(places.folders, folder_of(place / design));
+        add_folder(places.folders, folder_of(design));
     }
-    folders.insert(folders.end(), more.begin(), more.end());
-    return folders;
+    for (const std::string &folder : more)
+        add_folder(places.folders, folder);
+    return places;
 }
 
-Textures load_textures(const std::vector<std::string> &names, FileFinder &finder)
+Textures load_textures(const std::vector<TextureName> &names, FileFinder &finder, Problems &problems)
 {
-    Textures textures;
-    for (const std::string &name : names) {
-        const auto file = finder.find(name);
-        auto bitmap = file ? read_bmp(*file) : std::nullopt;
-        if (!bitmap)
-            textures.missing.push_back(name);
-        textures.bitmaps.push_back(bitmap ? std::move(*bitmap) : checkerboard());
-    }
-    return textures;
+    return TextureLoader(finder, problems).load(names);
 }

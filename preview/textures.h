@@ -2,9 +2,11 @@
 #pragma once
 
 #include "bitmap.h"
+#include "scene.h"
 
+#include <filesystem>
 #include <map>
-#include <string>
+#include <optional>
 #include <string_view>
 
 // Looks up files in some folders, in their order, without regard to the case of ASCII letters.
@@ -14,6 +16,8 @@ class FileFinder {
 
     // The file of that name, in which folders are divided by \ or /; nothing when no folder holds it.
     std::optional<std::filesystem::path> find(std::string_view name);
+
+    const std::vector<std::filesystem::path> &places() const { return folders; }
 
   private:
     using Listing = std::map<std::string, std::filesystem::path>; // from names in small letters
@@ -25,14 +29,25 @@ class FileFinder {
     std::map<std::filesystem::path, Listing> listings;
 };
 
-// The folders in which the textures of an output file may lie: its own, that of the design file if a
-// MarlOgl.dat that names it stands in that folder, one above or in the current one, and then `more`.
-std::vector<std::filesystem::path> texture_folders(const std::filesystem::path &output_file,
-                                                   const std::vector<std::string> &more);
-
-struct Textures {
-    std::vector<Bitmap> bitmaps;      // one a name; a checkerboard where there is none
-    std::vector<std::string> missing; // names that were not found or could not be read
+struct TexturePlaces {
+    std::vector<std::filesystem::path> folders;    // each once
+    std::vector<std::filesystem::path> files_read; // those that name the folders
 };
 
-Textures load_textures(const std::vector<std::string> &names, FileFinder &finder);
+// Where the textures of an output file may lie: in its own folder, in that of the design file if a
+// MarlOgl.dat that names it stands in that folder, one above or in the current one, and in `more`.
+TexturePlaces texture_places(const std::filesystem::path &output_file, const std::vector<std::string> &more);
+
+struct Textures {
+    std::vector<Bitmap> bitmaps;                   // every file once; the first is the checkerboard
+    std::vector<std::uint32_t> of_name;            // index into `bitmaps`; 0 where there is no bitmap
+    std::vector<std::filesystem::path> files_read; // also those that could not be shown
+    std::size_t missing = 0;                       // how many names have no bitmap
+};
+
+// At most so many bitmaps are held, and so many pixels in all: about 100 MB, and twice that in the driver.
+inline constexpr std::size_t most_bitmaps = 4096, most_texture_pixels = 32 << 20;
+
+// The bitmaps of all names. What is missing or cannot be shown is told to `problems`. Bitmaps that are too
+// large together are halved, the largest first, until they are not.
+Textures load_textures(const std::vector<TextureName> &names, FileFinder &finder, Problems &problems);

@@ -125,7 +125,7 @@ class Viewer {
 } // namespace
 
 void show_window(const std::string &title, int width, int height, const Scene &scene,
-                 const std::vector<Bitmap> &textures, const Look &look, const Appearance &appearance)
+                 const Textures &textures, const Look &look, const Appearance &appearance)
 {
     const Window window(title, width, height);
     const Drawing drawing(scene, textures, appearance);

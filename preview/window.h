@@ -13,4 +13,4 @@ struct Look {
 // Shows the scene until the user leaves. The mouse turns it, the wheel zooms, the first letter of a named
 // view goes there, q leaves. Width and height in screen units. Throws std::runtime_error without a display.
 void show_window(const std::string &title, int width, int height, const Scene &scene,
-                 const std::vector<Bitmap> &textures, const Look &look, const Appearance &appearance);
+                 const Textures &textures, const Look &look, const Appearance &appearance);

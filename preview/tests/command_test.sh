@@ -68,13 +68,34 @@ usage()
     expect 2 "'nan' is not" town.ogl --camera-zoom-factor=nan
     expect 2 "'0,0,2' is not R,G,B" town.ogl --background-color=0,0,2
     expect 2 "below not in" town.ogl --view=below
-    expect 1 "cannot read nowhere.ogl" nowhere.ogl
-    expect 1 "cannot read ." .
+    expect 1 "cannot read nowhere.ogl: No such file" nowhere.ogl
+    expect 1 "cannot read .: Is a directory" .
+    expect 1 "/dev/zero is larger than 64 MB" /dev/zero
+    expect 2 "not exist: nowhere" town.ogl --texture-dir=nowhere
     expect 1 "it holds no statement" letter.txt --no-render
     expect 1 "is there a display?" town.ogl
-    expect 0 "missing textures        1" town.ogl --no-render --verbose --texture-dir a --texture-dir=b
+    expect 0 "missing textures        1" town.ogl --no-render --verbose --texture-dir . --texture-dir=..
     expect 0 "town.ogl:11: glVertex3d: argument 3 cannot be read" town.ogl --no-render
-    expect 0 'texture "brick.bmp" is missing' town.ogl --no-render
+    expect 0 'town.ogl:4: texture "brick.bmp" is missing; it was looked for in .' town.ogl --no-render
+    expect 0 "town.ogl: the last four lines are missing" town.ogl --no-render
+    printf 'glMatrixMode( GL_TEXTURE );\nglLoadIdentity();\nglMatrixMode( GL_MODELVIEW );\n' >footer
+    cat town.ogl footer >whole.ogl
+    expect 0 "" whole.ogl --no-render
+    grep -q "last four" err && fail "a whole file is told to be cut"
+    cp town.ogl brick.bmp
+    ln town.ogl hard.ogl
+    ln -s town.ogl soft.ogl
+    for same in town.ogl ././town.ogl hard.ogl soft.ogl brick.bmp; do
+        expect 1 "would overwrite" town.ogl --output=$same
+        cmp -s town.ogl brick.bmp || fail "$same was overwritten"
+    done
+    if [ -e /dev/full ]; then
+        for options in "town.ogl --no-render --verbose" --help --version; do
+            "$program" $options >/dev/full 2>err
+            [ $? -eq 1 ] && grep -q "cannot write to standard output: No space" err ||
+                fail "$options: a full disk is not told: $(cat err)"
+        done
+    fi
 }
 
 picture()

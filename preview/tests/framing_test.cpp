@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -25,14 +26,13 @@ Clip clip(const Camera &camera, Vec3 p)
 
 Scene scene_of(const std::vector<Vec3> &points)
 {
-    Statements statements;
-    statements.list.push_back({Operation::begin, Symbol::points});
+    std::ostringstream text;
+    text.precision(17);
+    text << "glBegin( GL_POINTS );\n";
     for (const Vec3 p : points)
-        statements.list.push_back({
-            Operation::vertex, Symbol::other, 0, 0, {p.x, p.y, p.z, 0}
-        });
+        text << "glVertex3d( " << p.x << ", " << p.y << ", " << p.z << " );\n";
     Problems problems;
-    return build_scene(statements, problems);
+    return read_scene(text.str(), problems);
 }
 
 TEST(Framing, AnySceneFillsThePictureAndStaysInside)

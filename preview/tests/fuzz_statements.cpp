@@ -6,11 +6,13 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     Problems problems;
-    const std::string_view text(reinterpret_cast<const char *>(data), size);
-    const Scene scene = build_scene(read_statements(text, problems), problems);
-    for (const Block &block : scene.blocks)
-        if (block.first + block.count > scene.vertices.size() ||
-            (block.texture != Block::untextured && block.texture >= scene.textures.size()))
+    const Scene scene = read_scene({reinterpret_cast<const char *>(data), size}, problems);
+    for (const Run &run : scene.runs)
+        if (run.first + run.count > scene.corners.size() ||
+            (run.texture != Run::untextured && run.texture >= scene.textures.size()))
+            std::abort();
+    for (const std::uint32_t corner : scene.corners)
+        if (corner >= scene.vertices.size())
             std::abort();
     for (const NamedView &view : named_views)
         for (const bool orthographic : {false, true})

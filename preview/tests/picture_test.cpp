@@ -1,7 +1,5 @@
-#include "offscreen.h"
-#include "png_file.h"
-#include "render.h"
-#include "textures.h"
+#include "bmp_file.h"
+#include "picture.h"
 
 #include <gtest/gtest.h>
 
@@ -17,42 +15,66 @@ using Rgb = std::array<int, 3>;
 constexpr Rgb background{76, 89, 102}, red{255, 0, 0}, green{0, 255, 0}, blue{0, 0, 255}, yellow{255, 255, 0},
     magenta_and_white{255, 127, 255};
 
+// The bytes of a BMP with a header of 40 bytes.
+std::string bmp(int bmp_width, int bmp_height, int bits, int compression, const std::string &after_header)
+{
+    std::string bytes("BM");
+    const auto number = [&](long value, int size) {
+        for (int i = 0; i < size; ++i)
+            bytes += static_cast<char>(value >> 8 * i & 0xff);
+    };
+    const std::size_t palette = bits <= 8 ? std::size_t{4} << bits : compression == 3 ? 12 : 0;
+    for (const long value : {0l, 0l, static_cast<long>(54 + palette), 40l, static_cast<long>(bmp_width),
+                             static_cast<long>(bmp_height)})
+        number(value, 4);
+    number(1, 2);
+    number(bits, 2);
+    for (const int value : {compression, 0, 0, 0, 0, 0})
+        number(value, 4);
+    return bytes + after_header;
+}
+
+const std::string four_colours =
+    bmp(2, 2, 24, 0, std::string("\xff\0\0\0\xff\xff\0\0\0\0\xff\0\xff\0\0\0", 16));
+
 // A folder with one bitmap of 2 x 2 pixels: red and green above, blue and yellow below.
 std::filesystem::path texture_folder()
 {
     const std::filesystem::path folder =
         std::filesystem::path(testing::TempDir()) / "marlogl_preview_textures";
     std::filesystem::create_directories(folder / "Sub");
-    std::string bytes("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\2\0\0\0\2\0\0\0\1\0\x18\0", 30);
-    bytes.resize(54);
-    bytes += std::string("\xff\0\0\0\xff\xff\0\0", 8) + std::string("\0\0\xff\0\xff\0\0\0", 8);
-    std::ofstream(folder / "Sub" / "Four.BMP", std::ios::binary) << bytes;
+    std::ofstream(folder / "Sub" / "Four.BMP", std::ios::binary) << four_colours;
     return folder;
 }
 
 Scene scene_of(const std::string &text)
 {
     Problems problems;
-    Scene scene = build_scene(read_statements(text, problems), problems);
+    Scene scene = read_scene(text, problems);
     for (const Problem &problem : problems.list())
         ADD_FAILURE() << problem.line << ": " << problem.text;
     return scene;
 }
 
-Picture draw(const std::string &text, std::string_view view, bool lit)
+// Drawn in square tiles of that size.
+Picture draw(const std::string &text, std::string_view view, bool lit, int tile_size = largest_tile)
 {
     const Scene scene = scene_of(text);
     FileFinder finder({texture_folder()});
-    const Offscreen offscreen(width, height);
+    Problems missing_textures;
+    const Offscreen tile(std::min(width, tile_size), std::min(height, tile_size));
     Appearance appearance;
     appearance.lit = lit;
     appearance.thickness = oversampling;
-    const Drawing drawing(scene, load_textures(scene.textures, finder).bitmaps, appearance);
+    const Drawing drawing(scene, load_textures(scene.textures, finder, missing_textures), appearance);
+    Picture picture{width, height, {}};
     for (const NamedView &each : named_views)
         if (each.name == view)
-            drawing.draw(frame(scene, each.direction, {1.0 * width / height, 1, true}), width * oversampling,
-                         height * oversampling);
-    return offscreen.read();
+            draw_picture(tile, drawing, frame(scene, each.direction, {1.0 * width / height, 1, true}), width,
+                         height, [&](const Picture &rows) {
+                             picture.rgb.insert(picture.rgb.end(), rows.rgb.begin(), rows.rgb.end());
+                         });
+    return picture;
 }
 
 // The mean colour of a rectangle; its middle and size in hundredths of the picture's width and height.
@@ -91,6 +113,15 @@ std::string wall(int left, int y, const std::string &colour, bool with_tex_coord
                 std::to_string(20 * v) + " );\n";
     }
     return text + "glEnd();\n";
+}
+
+// A wall of 30 x 20 with a notch from above; it may begin with a corner of its own.
+std::string concave(const std::string &first)
+{
+    return "glBegin( GL_POLYGON );\nglColor3ub( 255, 0, 0 );\n" + first +
+           "glVertex3d( 15, 0, 5 );\nglVertex3d( 0, 0, 20 );\nglVertex3d( 0, 0, 0 );\nglVertex3d( 30, 0, 0 "
+           ");\n" +
+           (first.empty() ? "glVertex3d( 30, 0, 20 );\n" : "") + "glEnd();\n";
 }
 
 std::string reversed_wall(int left, int y, const std::string &colour)
@@ -137,6 +168,10 @@ TEST(Picture, RegionsHaveTheirColours)
         {"a missing texture is a checkerboard, whatever the colour",
          missing + wall(0, 0, "0, 0, 0", true),
          "front", {{50, 50, magenta_and_white}}},
+        {"a concave face leaves its notch open",
+         concave(""), "front", {{15, 80, red}, {85, 80, red}, {50, 15, background}, {50, 90, red}}},
+        {"a concave face whose first corner sees only some of the others",
+         concave("glVertex3d( 30, 0, 20 );\n"), "front", {{15, 80, red}, {85, 80, red}, {50, 15, background}}},
     };
     // clang-format on
     for (const auto &row : rows) {
@@ -179,19 +214,105 @@ TEST(Picture, FacesAreLitFromBothSides)
     EXPECT_GT(top[0], oblique[0] + 20);
 }
 
+TEST(Picture, TilesDoNotShow)
+{
+    const std::string block =
+        "glColor3ub( 255, 255, 0 );\nglVertex3d( 1, -1, 2 );\nglVertex3d( 29, -1, 17 );\n"
+        "glVertex3d( 2, -1, 19 );\nglVertex3d( 30, -1, 9 );\nglEnd();\n";
+    const std::string scene = four + wall(0, 0, "255, 255, 255", true) + "glBegin( GL_LINES );\n" + block +
+                              "glBegin( GL_POINTS );\n" + block;
+    const Picture whole = draw(scene, "iso", true);
+    for (const int size : {17, 64, 101}) {
+        const Picture tiled = draw(scene, "iso", true, size);
+        ASSERT_EQ(tiled.rgb.size(), whole.rgb.size());
+        int worst = 0;
+        for (std::size_t i = 0; i < whole.rgb.size(); ++i)
+            worst = std::max(worst, std::abs(whole.rgb[i] - tiled.rgb[i]));
+        EXPECT_LE(worst, 3) << size;
+    }
+}
+
 TEST(Textures, AreFoundBesideTheDesignFileAndMissingOnesAreNamedOnce)
 {
     const std::filesystem::path folder = texture_folder();
     std::ofstream(folder / "marlogl.DAT") << " .\\Sub\\town.mr2 \r\nout\\town.ogl\r\n";
-    std::ofstream(folder / "Sub" / "broken.bmp") << "BM, but no more";
     std::filesystem::create_directories(folder / "out");
-    FileFinder finder(texture_folders(folder / "out" / "town.ogl", {}));
-    const Textures textures =
-        load_textures({"fOUR.bmp", "nowhere.bmp", "BROKEN.bmp", "", "..", "a/b\\c"}, finder);
-    EXPECT_EQ(textures.missing, (std::vector<std::string>{"nowhere.bmp", "BROKEN.bmp", "", "..", "a/b\\c"}));
-    ASSERT_EQ(textures.bitmaps.size(), 6u);
-    EXPECT_EQ(textures.bitmaps[0].width, 2);
-    EXPECT_EQ(textures.bitmaps[1].rgb, checkerboard().rgb);
+    FileFinder finder(texture_places(folder / "out" / "town.ogl", {}).folders);
+    Problems problems;
+    const Textures textures = load_textures(
+        {
+            {"fOUR.bmp",    3},
+            {"nowhere.bmp", 7},
+            {"Four.bmp",    8},
+            {"",            9},
+            {"..",          9},
+            {"a/b\\c",      9}
+    },
+        finder, problems);
+    EXPECT_EQ(textures.of_name, (std::vector<std::uint32_t>{1, 0, 1, 0, 0, 0}));
+    EXPECT_EQ(textures.missing, 4u);
+    ASSERT_EQ(textures.bitmaps.size(), 2u);
+    EXPECT_EQ(textures.bitmaps[0].rgb, checkerboard().rgb);
+    EXPECT_EQ(textures.bitmaps[1].width, 2);
+    const Problem &first = problems.list().front();
+    EXPECT_EQ(first.line, 7u);
+    EXPECT_TRUE(first.text.starts_with("texture \"nowhere.bmp\" is missing; it was looked for in "))
+        << first.text;
+}
+
+TEST(Bitmaps, AreReadOrSayWhatIsWrong)
+{
+    using namespace std::string_literals;
+    constexpr int least = std::numeric_limits<int>::min();
+    const std::string row = "\x40\x80\xff\0"s, text = "not that"s;
+    const std::string palette = std::string(4, '\xff') + "\x40\x80\xff\0"s,
+                      core = "\x0c\0\0\0\1\0\1\0\1\0\x18\0"s;
+    // clang-format off
+    const struct {
+        std::string bytes, outcome; // the first pixel, or the end of the message
+    } rows[] = {
+        {bmp(1, 1, 24, 0, row), "255 128 64"},
+        {bmp(1, -2, 24, 0, "\0\0\0\0"s + row), "255 128 64"},
+        {bmp(1, 1, 32, 0, row), "255 128 64"},
+        {bmp(1, 1, 16, 0, "\x08\x7e\0\0"s), "255 132 66"},
+        {bmp(1, 1, 16, 3, "\0\xf8\0\0\xe0\x07\0\0\x1f\0\0\0\x08\xfc"s), "255 130 66"},
+        {bmp(1, 1, 1, 0, palette + "\x80\0\0\0"s), "255 128 64"},
+        {bmp(1, 1, 4, 0, palette + std::string(56, '\0') + "\x10"), "255 128 64"},
+        {bmp(1, 1, 8, 0, palette + std::string(1016, '\0') + "\1"), "255 128 64"},
+        {"BM"s + std::string(8, '\0') + "\x1a\0\0\0"s + core + row, "255 128 64"},
+        {text, "is no BMP file"},
+        {"BM", "is cut off in its header"},
+        {bmp(1, 1, 24, 0, "").substr(0, 40), "is cut off in its header"},
+        {bmp(1, 1, 16, 3, "\0\xf8"s), "is cut off in its header"},
+        {bmp(0, 1, 24, 0, row), "is of 0 x 1 pixels; width and height must be from 1 to 8192"},
+        {bmp(1, 0, 24, 0, row), "is of 1 x 0 pixels; width and height must be from 1 to 8192"},
+        {bmp(1, least, 24, 0, row), "is of 1 x 2147483648 pixels; width and height must be from 1 to 8192"},
+        {bmp(-1, 1, 24, 0, row), "is of -1 x 1 pixels; width and height must be from 1 to 8192"},
+        {bmp(8192, 8192, 24, 0, row), "is cut off: it has 58 of 201326646 bytes"},
+        {bmp(1, 2, 24, 0, row), "is cut off: it has 58 of 61 bytes"},
+        {bmp(1, 1, 8, 1, palette), "is compressed (method 1); save it without compression"},
+        {bmp(1, 1, 24, 3, row + row + row), "is compressed (method 3); save it without compression"},
+        {bmp(1, 1, 7, 0, row), "has 7 bits a pixel, not 1, 4, 8, 16, 24 or 32"},
+        {bmp(1, 1, 32, 3, "\5\0\0\0"s + row + row), "has bit fields with gaps"},
+        {std::string(bmp(1, 1, 24, 0, row)).replace(10, 1, "\5"),
+         "is damaged: its pixels begin at byte 5, inside its header"},
+        {std::string(bmp(1, 1, 24, 0, row)).replace(14, 1, "\5"),
+         "is no BMP file that can be read: its header has 5 bytes, not 12 or 40 to 124"},
+    };
+    // clang-format on
+    const std::filesystem::path file = texture_folder() / "row.bmp";
+    for (const auto &[bytes, outcome] : rows) {
+        std::ofstream(file, std::ios::binary) << bytes;
+        std::string seen;
+        try {
+            const auto rgb = read_bmp(file, largest_bmp).rgb;
+            seen = std::to_string(rgb[0]) + ' ' + std::to_string(rgb[1]) + ' ' + std::to_string(rgb[2]);
+        } catch (const std::exception &error) {
+            seen = error.what();
+            seen.erase(0, file.string().size() + 1);
+        }
+        EXPECT_EQ(seen, outcome);
+    }
 }
 
 } // namespace

@@ -14,7 +14,12 @@ std::string problem_texts(const Problems &problems)
     return texts;
 }
 
-std::string described(const Statements &statements)
+struct Reading {
+    std::string statements;
+    Counts counts;
+};
+
+std::string described(const Statement &statement)
 {
     constexpr const char *names[] = {"mode",   "identity", "push",  "pop",   "translate", "rotate",
                                      "scale",  "bind",     "on",    "off",   "begin",     "end",
@@ -22,19 +27,24 @@ std::string described(const Statements &statements)
     constexpr const char *symbols[] = {"modelview", "texture", "projection", "2d",
                                        "points",    "lines",   "polygon",    "other"};
     constexpr std::size_t values[] = {0, 0, 0, 0, 3, 4, 3, 0, 0, 0, 0, 0, 3, 3, 2, 3};
+    const auto kind = static_cast<std::size_t>(statement.operation);
     std::ostringstream text;
-    for (const Statement &statement : statements.list) {
-        const auto kind = static_cast<std::size_t>(statement.operation);
-        text << names[kind];
-        for (std::size_t i = 0; i < values[kind]; ++i)
-            text << ' ' << statement.values[i];
-        if (statement.operation == Operation::bind_texture)
-            text << ' ' << statements.textures[statement.texture];
-        if (statement.symbol != Symbol::other)
-            text << ' ' << symbols[static_cast<std::size_t>(statement.symbol)];
-        text << ';';
-    }
-    return text.str();
+    text << names[kind];
+    for (std::size_t i = 0; i < values[kind]; ++i)
+        text << ' ' << statement.values[i];
+    if (statement.operation == Operation::bind_texture)
+        text << ' ' << statement.texture;
+    if (statement.symbol != Symbol::other)
+        text << ' ' << symbols[static_cast<std::size_t>(statement.symbol)];
+    return text.str() + ';';
+}
+
+Reading read(std::string_view text, Problems &problems)
+{
+    Reading reading;
+    reading.counts = read_statements(
+        text, problems, [&](const Statement &statement) { reading.statements += described(statement); });
+    return reading;
 }
 
 TEST(Statements, EveryLineIsReadSkippedOrReported)
@@ -88,10 +98,10 @@ TEST(Statements, EveryLineIsReadSkippedOrReported)
     // clang-format on
     for (const auto &row : rows) {
         Problems problems;
-        const Statements statements = read_statements("\n" + row.line, problems);
-        EXPECT_EQ(described(statements), row.statements) << row.line;
+        const Reading reading = read("\n" + row.line, problems);
+        EXPECT_EQ(reading.statements, row.statements) << row.line;
         EXPECT_EQ(problem_texts(problems), row.problem.empty() ? "" : "2: " + row.problem + "\n") << row.line;
-        EXPECT_EQ(statements.skipped_lines, row.skipped) << row.line;
+        EXPECT_EQ(reading.counts.skipped_lines, row.skipped) << row.line;
     }
 }
 
@@ -140,7 +150,7 @@ TEST(Scene, StatementsMeanWhatOpenGlMakesOfThem)
     // clang-format on
     for (const auto &row : rows) {
         Problems problems;
-        const Scene scene = build_scene(read_statements(row.text, problems), problems);
+        const Scene scene = read_scene(row.text, problems);
         EXPECT_EQ(summary(scene), row.summary) << row.text;
         EXPECT_EQ(problem_texts(problems), row.problems) << row.text;
     }
@@ -163,9 +173,10 @@ TEST(Scene, NormalsFollowTheFaceAndAreMadeUpWhereTheyAreMissing)
     };
     for (const auto &row : rows) {
         Problems problems;
-        const Scene scene = build_scene(read_statements(row.text, problems), problems);
+        const Scene scene = read_scene(row.text, problems);
         ASSERT_EQ(scene.vertices.size(), 4u) << row.text;
-        EXPECT_LT(length(scene.vertices[3].normal - row.normal), 1e-3) << row.text;
+        const auto [x, y, z] = scene.vertices[3].normal;
+        EXPECT_LT(length(Vec3{x, y, z} - row.normal), 1e-3) << row.text;
     }
 }
 
@@ -173,10 +184,10 @@ TEST(Scene, ObjectsAreCountedByTheirNumberLines)
 {
     Problems problems;
     const std::string named_like_a_number = "// *** Sequence 01\r\n// *** Sequence 99\r\n";
-    const Statements statements = read_statements(
-        named_like_a_number + polygon + "// *** Sequence 02\r\n// *** barn\r\n" + polygon, problems);
-    EXPECT_EQ(statements.objects, 2u);
-    EXPECT_EQ(statements.skipped_lines, 4u);
+    const Reading reading =
+        read(named_like_a_number + polygon + "// *** Sequence 02\r\n// *** barn\r\n" + polygon, problems);
+    EXPECT_EQ(reading.counts.objects, 2u);
+    EXPECT_EQ(reading.counts.skipped_lines, 4u);
 }
 
 TEST(Statements, EveryPrefixOfAFileIsTaken)
@@ -185,7 +196,7 @@ TEST(Statements, EveryPrefixOfAFileIsTaken)
                              polygon + "glPopMatrix();\r\n";
     for (std::size_t size = 0; size <= file.size(); ++size) {
         Problems problems;
-        const Scene scene = build_scene(read_statements(file.substr(0, size), problems), problems);
+        const Scene scene = read_scene(file.substr(0, size), problems);
         EXPECT_LE(problems.count(), 2u) << size; // the line that is cut, and the missing glEnd
         EXPECT_LE(scene.faces, 1u);
     }

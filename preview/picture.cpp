@@ -1,0 +1,33 @@
+#include "picture.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
+void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &camera, int width, int height,
+                  const std::function<void(const Picture &)> &take)
+{
+    int largest[2] = {0, 0};
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largest);
+    if (width * oversampling > largest[0] || height * oversampling > largest[1])
+        throw std::runtime_error("the OpenGL driver cannot draw a picture of " + std::to_string(width) + "," +
+                                 std::to_string(height) + " pixels");
+    const auto row_size = static_cast<std::size_t>(width) * 3;
+    for (int top = 0; top < height; top += tile.height) {
+        Picture band{width, std::min(tile.height, height - top), {}};
+        band.rgb.resize(row_size * static_cast<std::size_t>(band.height));
+        for (int left = 0; left < width; left += tile.width) {
+            drawing.draw(camera, width * oversampling, height * oversampling, left * oversampling,
+                         (height - top - tile.height) * oversampling);
+            const Picture piece = tile.read();
+            const auto stride = static_cast<std::size_t>(tile.width) * 3,
+                       at = static_cast<std::size_t>(left) * 3;
+            for (std::size_t row = 0; row < static_cast<std::size_t>(band.height); ++row)
+                std::copy_n(piece.rgb.data() + row * stride, std::min(stride, row_size - at),
+                            band.rgb.data() + row * row_size + at);
+        }
+        take(band);
+    }
+}
