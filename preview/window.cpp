@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -19,12 +20,41 @@ namespace {
                              ") With --output=FILE a picture is written without one");
 }
 
+// What is beyond the screen would only cost memory.
+void keep_on_screen(int &width, int &height)
+{
+    GLFWmonitor *const monitor = glfwGetPrimaryMonitor();
+    const GLFWvidmode *const mode = monitor != nullptr ? glfwGetVideoMode(monitor) : nullptr;
+    if (mode == nullptr)
+        return;
+    width = std::min(width, mode->width);
+    height = std::min(height, mode->height);
+}
+
+// The letter on a key of the keyboard layout, or 0. Layouts without Latin letters (Greek, Cyrillic, Hebrew)
+// have those of an American keyboard instead.
+char letter_of(int key, int scancode)
+{
+    const auto is_letter = [](char c) { return c >= 'a' && c <= 'z'; };
+    const auto named = [](int of_key, int of_scancode) {
+        const char *const name = glfwGetKeyName(of_key, of_scancode);
+        return name != nullptr ? *name : '\0';
+    };
+    if (const char letter = named(key, scancode); is_letter(letter))
+        return letter;
+    for (int other = GLFW_KEY_A; other <= GLFW_KEY_Z; ++other)
+        if (is_letter(named(other, 0)))
+            return '\0';
+    return key >= GLFW_KEY_A && key <= GLFW_KEY_Z ? static_cast<char>(key - GLFW_KEY_A + 'a') : '\0';
+}
+
 class Window {
   public:
     Window(const std::string &title, int width, int height)
     {
         if (glfwInit() == GLFW_FALSE)
             give_up();
+        keep_on_screen(width, height);
         glfwWindowHint(GLFW_SAMPLES, 4);
         for (const int api : {GLFW_NATIVE_CONTEXT_API, GLFW_EGL_CONTEXT_API}) {
             glfwWindowHint(GLFW_CONTEXT_CREATION_API, api);
@@ -49,21 +79,24 @@ class Viewer {
         : window(in), scene(shown), drawing(drawn), look(first_look)
     {
         glfwSetWindowUserPointer(window, this);
-        glfwSetKeyCallback(window, [](GLFWwindow *from, int key, int, int action, int) {
+        glfwSetKeyCallback(window, [](GLFWwindow *from, int key, int scancode, int action, int) {
             if (action == GLFW_PRESS)
-                viewer_of(from).press(key);
+                viewer_of(from).press(key, scancode);
         });
         glfwSetCursorPosCallback(window,
                                  [](GLFWwindow *from, double x, double y) { viewer_of(from).move(x, y); });
         glfwSetScrollCallback(window,
                               [](GLFWwindow *from, double, double ticks) { viewer_of(from).zoom(ticks); });
-        glfwSetWindowRefreshCallback(window, [](GLFWwindow *from) { viewer_of(from).draw(); });
+        glfwSetWindowRefreshCallback(window, [](GLFWwindow *from) { viewer_of(from).is_stale = true; });
+        glfwSetFramebufferSizeCallback(window,
+                                       [](GLFWwindow *from, int, int) { viewer_of(from).is_stale = true; });
     }
 
     void run()
     {
         while (glfwWindowShouldClose(window) == GLFW_FALSE) {
-            draw();
+            if (std::exchange(is_stale, false))
+                draw();
             glfwWaitEvents();
         }
     }
@@ -74,16 +107,16 @@ class Viewer {
         return *static_cast<Viewer *>(glfwGetWindowUserPointer(window));
     }
 
-    void press(int key)
+    void press(int key, int scancode)
     {
-        const char *const name = glfwGetKeyName(key, 0); // as the keyboard layout has it
-        const char letter = name != nullptr ? *name : '\0';
+        const char letter = letter_of(key, scancode);
         if (letter == 'q' || key == GLFW_KEY_ESCAPE)
             glfwSetWindowShouldClose(window, GLFW_TRUE);
         for (const NamedView &view : named_views)
             if (view.name.front() == letter) {
                 look.direction = view.direction;
                 look.lens.zoom = 1;
+                is_stale = true;
             }
     }
 
@@ -94,6 +127,7 @@ class Viewer {
             look.direction.azimuth -= (x - mouse_x) * degrees_per_unit;
             look.direction.elevation =
                 std::clamp(look.direction.elevation + (y - mouse_y) * degrees_per_unit, -90.0, 90.0);
+            is_stale = true;
         }
         mouse_x = x;
         mouse_y = y;
@@ -102,6 +136,7 @@ class Viewer {
     void zoom(double ticks)
     {
         look.lens.zoom = std::clamp(look.lens.zoom * std::pow(1.15, ticks), 0.05, 200.0);
+        is_stale = true;
     }
 
     void draw()
@@ -120,6 +155,7 @@ class Viewer {
     const Drawing &drawing;
     Look look;
     double mouse_x = 0, mouse_y = 0;
+    bool is_stale = true; // the window shows something else than the look
 };
 
 } // namespace

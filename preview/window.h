@@ -11,6 +11,7 @@ struct Look {
 };
 
 // Shows the scene until the user leaves. The mouse turns it, the wheel zooms, the first letter of a named
-// view goes there, q leaves. Width and height in screen units. Throws std::runtime_error without a display.
+// view goes there, q leaves. Width and height in screen units, at most those of the screen.
+// Throws std::runtime_error without a display.
 void show_window(const std::string &title, int width, int height, const Scene &scene,
                  const Textures &textures, const Look &look, const Appearance &appearance);
