@@ -65,7 +65,9 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     CLI::App app("Shows an output file of MarlOgl: in a window, or as a picture.", "marlogl-preview");
     app.footer(footer);
     app.set_version_flag("--version", "marlogl-preview " MARLOGL_PREVIEW_VERSION);
-    app.add_option("file", options.input, "Output file of MarlOgl")->required()->type_name("FILE");
+    app.add_option("file", options.input, "Output file of MarlOgl, up to 64 MB")
+        ->required()
+        ->type_name("FILE");
     app.add_option("--output", options.output, "Write a PNG picture and end; - is standard output")
         ->type_name("FILE");
     add_numbers(app, "--resolution", "Size of the picture or window [1000,600]", {"W,H", 1, 8192},
@@ -82,7 +84,8 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     add_numbers(app, "--background-color", "Red, green, blue [0.3,0.35,0.4]", {"R,G,B", 0.0f, 1.0f},
                 options.appearance.background);
     app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
-    app.add_option("--texture-dir", options.texture_folders, "One more folder with textures; repeatable")
+    app.add_option("--texture-dir", options.texture_folders,
+                   "One more folder with textures (BMP); repeatable")
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory)
         ->allow_extra_args(false);
