@@ -61,7 +61,7 @@ void refuse_overwriting(const std::string &output, const std::vector<fs::path> &
     for (const fs::path &file : files_read)
         if (fs::equivalent(target, file, ignored))
             throw std::runtime_error("the output " + output + " would overwrite " + file.string() +
-                                     ", which is shown");
+                                     ", which is read");
 }
 
 OutputFile::OutputFile(std::string path) : name(std::move(path))
