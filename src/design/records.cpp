@@ -1,0 +1,198 @@
+#include "design/records.h"
+
+#include <algorithm>
+
+namespace marlogl {
+
+namespace {
+
+constexpr int shifted_types_1[] = {2, 3, 4, 7, 17, 20, 21, 23};
+constexpr int shifted_types_2[] = {1, 5, 18, 20, 21, 22};
+constexpr PointRules point_rules[] = {
+    {3, shifted_types_1, false},
+    {5, shifted_types_2, true }
+};
+
+// The records of the scene, and some others, have no effect; but their numbers must be numbers. A field of
+// less than five characters can't hold one that is too large.
+template <std::size_t first, std::size_t last = std::string_view::npos> void read_number(Reading &, Line line)
+{
+    numeric_value(columns(line, first, last));
+}
+
+void read_scene(Reading &reading, Line line)
+{
+    read_number<41, 45>(reading, line);
+    for (std::size_t first = 46; first <= 71; first += 5)
+        numeric_value(columns(line, first, first + 4));
+    read_number<77, 81>(reading, line);
+}
+
+void ignore(Reading &, Line) {}
+
+void store_scale_level(Reading &reading, Line line)
+{
+    reading.scene.scale_level = columns(line, 2);
+}
+
+void store_version(Reading &reading, Line line)
+{
+    reading.file_version = numeric_value(columns(line, 2)) * 10;
+}
+
+void open_next_object(Reading &reading, Line line)
+{
+    std::vector<Object> &objects = reading.scene.objects;
+    reading.ended = objects.size() == object_numbers.last;
+    if (reading.ended)
+        return;
+    reading.object = &objects.emplace_back();
+    reading.object->type = whole_16(numeric_value(columns(line, 2)), "type");
+}
+
+// The rest of the line goes to a text of the object.
+template <std::string Object::*text> void store_object_text(Reading &reading, Line line)
+{
+    reading.object->*text = columns(line, 2);
+}
+
+double slot_of(Line line)
+{
+    return round_half_even(numeric_value(columns(line, 2, 3)));
+}
+
+void store_parameter(Reading &reading, Line line)
+{
+    constexpr int counted_by_parameter = 3; // the type whose points do not count themselves
+    const double cell = slot_of(line);
+    double &parameter = reading.object->parameters(cell);
+    parameter = numeric_value(columns(line, 4));
+    if (cell == point_count_cell && reading.object->type != counted_by_parameter)
+        parameter = 0;
+}
+
+void store_text(Reading &reading, Line line)
+{
+    if (const double slot = slot_of(line); slot <= face_slots.last)
+        reading.object->texts(slot) = columns(line, 4);
+}
+
+void store_code(Reading &reading, Line line)
+{
+    constexpr int last_slot_in_files = 31;
+    if (const double slot = slot_of(line); slot <= last_slot_in_files)
+        reading.object->codes(slot) = columns(line, 4, 5);
+}
+
+void store_colour(Reading &reading, Line line)
+{
+    reading.object->colours(slot_of(line)) = columns(line, 4);
+}
+
+// The flag of a colour has no effect.
+void read_colour_flag(Reading &, Line line)
+{
+    place_in(face_slots, slot_of(line), "colour flag slot");
+}
+
+std::int16_t coordinate(Line field, bool shifted)
+{
+    const std::int16_t stored = whole_16(numeric_value(field), "coordinate");
+    return shifted ? whole_16(stored - 5000, "coordinate (less 5000)") : stored;
+}
+
+void store_point(Reading &reading, Line line)
+{
+    Object &object = *reading.object;
+    const double number = round_half_even(numeric_value(columns(line, 2, 4)));
+    if (reading.rules.skips_points_beyond_table && number > point_numbers.last)
+        return;
+    if (object.type != reading.rules.uncounted_type)
+        ++object.parameters(point_count_cell);
+    const bool shifted = reading.rules.shifts(object.type);
+    const std::int16_t x = coordinate(columns(line, 5, 8), shifted);
+    Point &point = object.points(number);
+    point.x = x;
+    point.y = coordinate(columns(line, 9, 12), shifted);
+    point.code = columns(line, 13, 14);
+    point.attribute = columns(line, 15, 18);
+}
+
+// The first row whose key begins the line decides; a line without one is skipped. The records that a design
+// file has most of come first.
+constexpr Record records[] = {
+    {"Q",                               store_point    },
+    {"P",                               store_parameter},
+    {"K",                               store_code     },
+    {"F",                               store_text     },
+    {"\\",                              store_colour   },
+    {"MAXI",                            ignore         },
+    {"V",                               store_version,   read_number<2>},
+    {"T",                                 ignore                                             },
+    {"@",                                 ignore},
+    {"J",                                 store_scale_level                                             },
+    {"L",                                 nullptr, read_number<2>},
+    {"A",                   open_next_object                                 },
+    {"B",store_object_text<&Object::name>},
+    {"C",   store_object_text<&Object::x>                                     },
+    {"D",  store_object_text<&Object::y>},
+    {"$",   read_number<2>                                      },
+    {"E",                 read_number<2>,ignore},
+    {":",   ignore                  },
+    {"W",                               read_scene                                     },
+    {"]1",                               read_number<3>     },
+    {"]2",                              read_number<3>},
+    {"?",                              read_colour_flag },
+};
+
+// Before version 1.2 the positions of a structure's antennas stood in cells, and a height of 0 meant none.
+void convert_antennas(Object &object, const std::string &place)
+{
+    const auto position = [&](int cell) {
+        return whole_16(object.parameters(cell),
+                        place + ": antenna position (cell " + std::to_string(cell) + ')');
+    };
+    for (int j = 38; j <= 41; ++j) {
+        object.points(j + 13).x = position(j);
+        object.points(j + 13).y = position(j + 4);
+        if (object.parameters(j + 8) == 0)
+            object.parameters(j - 2) = 0;
+    }
+}
+
+} // namespace
+
+constinit const PointRules point_rules[2] = {
+    {3, shifted_types_1, false},
+    {5, shifted_types_2, true }
+};
+
+bool PointRules::shifts(int type) const
+{
+    return std::find(shifted_types.begin(), shifted_types.end(), type) != shifted_types.end();
+}
+
+const Record *find_record(Line line)
+{
+    if (line.empty())
+        return nullptr;
+    for (const Record &record : records)
+        // The first character alone sorts out nearly all rows.
+        if (record.key[0] == line[0] && line.starts_with(record.key))
+            return &record;
+    return nullptr;
+}
+
+void end_reading(Reading &reading, const std::string &path, int version)
+{
+    constexpr int structure = 11;
+    if (version != 1 || reading.file_version >= 12)
+        return;
+    for (int number = 1; Object & object : reading.scene.objects) {
+        if (object.type == structure)
+            convert_antennas(object, path + ": object " + std::to_string(number));
+        ++number;
+    }
+}
+
+} // namespace marlogl
