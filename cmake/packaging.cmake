@@ -1,5 +1,5 @@
-# What is installed, and the packages that CPack makes of it: two .deb on Linux (MarlOgl and its viewer), a .zip on
-# Windows.
+# What is installed, and the packages that CPack makes of it: .deb on Linux (MarlOgl, its viewer and its library), a
+# .zip on Windows.
 include(GNUInstallDirs)
 if(WIN32)
     set(programs .)
@@ -23,6 +23,7 @@ install(DIRECTORY examples DESTINATION ${documents} COMPONENT converter
 
 set(CPACK_COMPONENTS_ALL converter)
 if(NOT WIN32)
+    list(APPEND CPACK_COMPONENTS_ALL library)
     set(manuals MarlOgl.1)
     if(TARGET marlogl-preview)
         list(APPEND manuals marlogl-preview.1)
@@ -52,6 +53,8 @@ if(NOT WIN32)
             DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package} COMPONENT ${component})
     endfunction()
     install_debian_files(marlogl converter MarlOgl.1)
+    install(FILES packaging/copyright ${texts}/changelog${ending}
+        DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/libmarlogl-dev COMPONENT library)
     if(TARGET marlogl-preview)
         install_debian_files(marlogl-preview preview marlogl-preview.1)
     endif()
@@ -83,6 +86,12 @@ set(CPACK_DEBIAN_CONVERTER_DESCRIPTION "converter of scenery design files into O
 MarlOgl reads a design file, which describes a scene as parametric objects
 (houses, roofs, towers, roads, trees), and writes one text file of OpenGL
 immediate-mode statements, which a rendering program includes.")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libmarlogl-dev)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS marlogl)
+set(CPACK_DEBIAN_LIBRARY_DESCRIPTION "converter of scenery design files, as a library
+The converter of MarlOgl for programs of one's own: a static library, its
+headers and a package for CMake. The documents are those of marlogl.")
 set(CPACK_DEBIAN_PREVIEW_PACKAGE_NAME marlogl-preview)
 set(CPACK_DEBIAN_PREVIEW_PACKAGE_DEPENDS libgl1-mesa-dri)
 set(CPACK_DEBIAN_PREVIEW_PACKAGE_SUGGESTS marlogl)

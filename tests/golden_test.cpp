@@ -1,12 +1,16 @@
 // Whole conversions, byte for byte: each folder of golden/ holds a scene and the output that is expected.
 // With MARLOGL_REWRITE_GOLDEN=1 in the environment the expected outputs are written anew.
+#include "run/configuration.h"
+#include "run/convert.h"
 #include "support/design.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 namespace marlogl {
 
@@ -36,33 +40,64 @@ std::string first_difference(const std::string &expected, const std::string &wri
            "\nwritten:  " + line(written);
 }
 
-} // namespace
+struct GoldenScene {
+    Given given;
+    fs::path expected;
+};
+
+std::vector<GoldenScene> golden_scenes()
+{
+    std::vector<GoldenScene> scenes;
+    for (const fs::directory_entry &folder :
+         fs::directory_iterator(fs::path(__FILE__).parent_path() / "golden"))
+        for (const char *name : {"scene.mr2", "scene.mrl"})
+            if (fs::exists(folder.path() / name))
+                // The colour table has one line more than is read.
+                scenes.push_back({{.design_path = name,
+                                   .design = content_of(folder.path() / name),
+                                   .colour_table = colour_table(61)},
+                                  folder.path() / "expected.ogl"});
+    return scenes;
+}
 
 TEST(Golden, ScenesConvertToTheOutputsBesideThem)
 {
     const char *rewrite = std::getenv("MARLOGL_REWRITE_GOLDEN");
-    int scenes = 0;
-    for (const fs::directory_entry &folder :
-         fs::directory_iterator(fs::path(__FILE__).parent_path() / "golden")) {
-        for (const char *name : {"scene.mr2", "scene.mrl"}) {
-            if (!fs::exists(folder.path() / name))
-                continue;
-            ++scenes;
-            Given given;
-            given.design_path = name;
-            given.design = content_of(folder.path() / name);
-            given.colour_table = colour_table(61); // one more than is read
-            const Converted converted = convert(given);
-            EXPECT_FALSE(converted.error) << folder.path() << ": " << converted.error->what();
-            const fs::path expected = folder.path() / "expected.ogl";
-            if (rewrite != nullptr && rewrite == std::string("1"))
-                std::ofstream(expected, std::ios::binary) << converted.output;
-            const std::string content = content_of(expected);
-            EXPECT_TRUE(content == converted.output)
-                << expected.string() << ", " << first_difference(content, converted.output);
-        }
+    const std::vector<GoldenScene> scenes = golden_scenes();
+    EXPECT_GE(scenes.size(), 8u);
+    for (const auto &[given, expected] : scenes) {
+        const Converted converted = convert(given);
+        EXPECT_FALSE(converted.error) << expected << ": " << converted.error->what();
+        if (rewrite != nullptr && rewrite == std::string("1"))
+            std::ofstream(expected, std::ios::binary) << converted.output;
+        const std::string content = content_of(expected);
+        EXPECT_TRUE(content == converted.output)
+            << expected.string() << ", " << first_difference(content, converted.output);
     }
-    EXPECT_GE(scenes, 8);
 }
+
+TEST(Golden, ScenesConvertBesideEachOther)
+{
+    const std::vector<GoldenScene> scenes = golden_scenes();
+    std::vector<std::string> alone;
+    for (const auto &[given, expected] : scenes)
+        alone.push_back(convert(given).output);
+    std::atomic<int> differences = 0;
+    std::vector<std::thread> threads;
+    for (std::size_t thread = 0; thread < 8; ++thread)
+        threads.emplace_back([&, thread] {
+            for (std::size_t i = 0; i < 5 * scenes.size(); ++i) {
+                const std::size_t scene = (i + thread) % scenes.size();
+                MemoryFiles memory = files_of(scenes[scene].given);
+                marlogl::convert(memory, read_configuration(memory));
+                differences += memory.files["scene.ogl"] != alone[scene];
+            }
+        });
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_EQ(differences, 0);
+}
+
+} // namespace
 
 } // namespace marlogl

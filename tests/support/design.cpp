@@ -166,7 +166,7 @@ Converted convert(MemoryFiles &memory)
     return converted;
 }
 
-Converted convert(const Given &given)
+MemoryFiles files_of(const Given &given)
 {
     MemoryFiles memory;
     memory.files[given.design_path] = given.design;
@@ -174,6 +174,12 @@ Converted convert(const Given &given)
         given.configuration.value_or(given.design_path + "\r\nscene.out\r\n200100050\r\n050100200\r\n");
     if (given.colour_table)
         memory.files["program/appl/colors.tab"] = *given.colour_table;
+    return memory;
+}
+
+Converted convert(const Given &given)
+{
+    MemoryFiles memory = files_of(given);
     return convert(memory);
 }
 

@@ -17,9 +17,12 @@ namespace marlogl {
 struct Given {
     std::string design_path = "scene.mr2";
     std::string design;
-    std::optional<std::string> configuration; // none: the usual one for design_path
+    std::optional<std::string> configuration = {}; // none: the usual one for design_path
     std::optional<std::string> colour_table = std::string();
 };
+
+/// The files that a run finds.
+MemoryFiles files_of(const Given &given);
 
 /// A design file of a version, as text, and a colour table of 60 colours.
 Given given(int version, const std::string &design);
