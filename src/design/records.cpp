@@ -8,10 +8,6 @@ namespace {
 
 constexpr int shifted_types_1[] = {2, 3, 4, 7, 17, 20, 21, 23};
 constexpr int shifted_types_2[] = {1, 5, 18, 20, 21, 22};
-constexpr PointRules point_rules[] = {
-    {3, shifted_types_1, false},
-    {5, shifted_types_2, true }
-};
 
 // The records of the scene, and some others, have no effect; but their numbers must be numbers. A field of
 // less than five characters can't hold one that is too large.

@@ -56,11 +56,11 @@ class Search {
             std::vector<Found> longer;
             for (Found &folder : found) {
                 folder.path.append(rest.begin(), name);
-                for (const auto &[spelling, identity] : entries(folder, std::string(name, end)))
+                for (const Found &entry : entries(folder, std::string(name, end)))
                     // Of two ways to one place the first is enough.
                     if (std::none_of(longer.begin(), longer.end(),
-                                     [&](const Found &other) { return other.identity == identity; }))
-                        longer.push_back({folder.path + spelling, identity});
+                                     [&](const Found &other) { return other.identity == entry.identity; }))
+                        longer.push_back({folder.path + entry.path, entry.identity});
             }
             found = std::move(longer);
             rest.remove_prefix(static_cast<std::size_t>(end - rest.begin()));
