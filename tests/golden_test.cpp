@@ -1,8 +1,9 @@
-// Whole conversions, byte for byte: each folder of golden/ holds a scene and the output that is expected.
+// Whole conversions, byte for byte: beside each scene of golden/ stands the output that is expected, folded.
 // With MARLOGL_REWRITE_GOLDEN=1 in the environment the expected outputs are written anew.
 #include "run/configuration.h"
 #include "run/convert.h"
 #include "support/design.h"
+#include "support/folded.h"
 
 #include <gtest/gtest.h>
 
@@ -48,15 +49,17 @@ struct GoldenScene {
 std::vector<GoldenScene> golden_scenes()
 {
     std::vector<GoldenScene> scenes;
-    for (const fs::directory_entry &folder :
-         fs::directory_iterator(fs::path(__FILE__).parent_path() / "golden"))
-        for (const char *name : {"scene.mr2", "scene.mrl"})
-            if (fs::exists(folder.path() / name))
-                // The colour table has one line more than is read.
-                scenes.push_back({{.design_path = name,
-                                   .design = content_of(folder.path() / name),
-                                   .colour_table = colour_table(61)},
-                                  folder.path() / "expected.ogl"});
+    for (const fs::directory_entry &entry :
+         fs::directory_iterator(fs::path(__FILE__).parent_path() / "golden")) {
+        fs::path path = entry.path();
+        if (path.extension() != ".mr2" && path.extension() != ".mrl")
+            continue;
+        // The colour table has one line more than is read.
+        scenes.push_back({{.design_path = "scene" + path.extension().string(),
+                           .design = content_of(path),
+                           .colour_table = colour_table(61)},
+                          path.replace_extension(".txt")});
+    }
     return scenes;
 }
 
@@ -68,11 +71,11 @@ TEST(Golden, ScenesConvertToTheOutputsBesideThem)
     for (const auto &[given, expected] : scenes) {
         const Converted converted = convert(given);
         EXPECT_FALSE(converted.error) << expected << ": " << converted.error->what();
+        const std::string written = folded(converted.output);
         if (rewrite != nullptr && rewrite == std::string("1"))
-            std::ofstream(expected, std::ios::binary) << converted.output;
+            std::ofstream(expected, std::ios::binary) << written;
         const std::string content = content_of(expected);
-        EXPECT_TRUE(content == converted.output)
-            << expected.string() << ", " << first_difference(content, converted.output);
+        EXPECT_TRUE(content == written) << expected.string() << ", " << first_difference(content, written);
     }
 }
 
