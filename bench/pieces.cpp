@@ -111,7 +111,7 @@ void add_example(const std::string &folder, const std::string &design, int versi
     std::set<std::string_view> seen;
     for (int number = 1; const Object &object : scene.objects) {
         const Kind *kind = find_kind(version, object.type);
-        if (kind != nullptr && instance_of(scene, number) == number && seen.insert(kind->name).second)
+        if (kind != nullptr && source_of(scene, number) == number && seen.insert(kind->name).second)
             benchmark::RegisterBenchmark((name + std::string(kind->name)).c_str(), draw, files, version,
                                          number);
         ++number;

@@ -34,8 +34,8 @@ TEST(Points, TurnClockwiseOrStraight)
                 {0, 2, 2, true, true},  {300, 1, 2, true, true}, {0, 1, -2, true, true},
                 {0, 999, 2, true, true}};
     for (const auto &[i, j, k, xy, xz] : rows) {
-        EXPECT_EQ(sheet.drawing.points.turns_clockwise_xy(i, j, k), xy) << i << j << k;
-        EXPECT_EQ(sheet.drawing.points.turns_clockwise_xz(i, j, k), xz) << i << j << k;
+        EXPECT_EQ(sheet.drawing.vertices.turns_clockwise_xy(i, j, k), xy) << i << j << k;
+        EXPECT_EQ(sheet.drawing.vertices.turns_clockwise_xz(i, j, k), xz) << i << j << k;
     }
 }
 
@@ -63,8 +63,8 @@ TEST(Points, HaveNormalsAwayFromTheViewerOfCounterClockwiseCorners)
 
 TEST(Pen, RefusesSlotsAndPointsOutsideTheirTables)
 {
-    const Sheet sheet{{0, 0, 0}, {9, 0, 0}, {9, 9, 0}, {0, 9, 0}};
-    const Pen &pen = sheet.pen;
+    Sheet sheet{{0, 0, 0}, {9, 0, 0}, {9, 9, 0}, {0, 9, 0}};
+    Pen &pen = sheet.pen;
     EXPECT_THROW(pen.triangle({29, 1}, 0, 1, 2), RunError);
     EXPECT_THROW(pen.quad<int>({1, 178}, {0, 1, 2, 3}), RunError);
     EXPECT_THROW(pen.picture({1, 178}, {0, 1, 2, 3}), RunError);

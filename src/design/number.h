@@ -14,12 +14,6 @@ namespace marlogl {
 /// give 0. Errors: overflow when the number is too large for a double.
 double numeric_value(std::string_view text);
 
-/// The largest whole number not above `x`.
-inline double whole(double x)
-{
-    return std::floor(x);
-}
-
 /// `x` rounded to a whole number, halves to the even one.
 inline double round_half_even(double x)
 {
@@ -44,11 +38,11 @@ inline std::int16_t whole_16(double x, std::string_view what)
     return static_cast<std::int16_t>(rounded);
 }
 
-/// Raises the error of finite.
+/// Raises the error of require_finite.
 [[noreturn]] void not_finite();
 
 /// Errors: overflow when `x` is not finite. Returns `x`.
-inline double finite(double x)
+inline double require_finite(double x)
 {
     if (!std::isfinite(x)) [[unlikely]]
         not_finite();

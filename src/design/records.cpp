@@ -59,7 +59,7 @@ double slot_of(Line line)
 
 void store_parameter(Reading &reading, Line line)
 {
-    constexpr int counted_by_parameter = 3; // the type whose points do not count themselves
+    constexpr int counted_by_parameter = 3; // the type whose parameter stays, in either version
     const double cell = slot_of(line);
     double &parameter = reading.object->parameters(cell);
     parameter = numeric_value(columns(line, 4));

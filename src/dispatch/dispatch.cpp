@@ -59,7 +59,7 @@ int type_of(const Scene &scene, int number)
 // What a message calls an object: object 12 "Water tower" (type 18, extruded polygon).
 std::string description(const Scene &scene, int number, int version)
 {
-    const int drawn = instance_of(scene, number), type = type_of(scene, drawn);
+    const int drawn = source_of(scene, number), type = type_of(scene, drawn);
     const Kind *kind = find_kind(version, type);
     return "object " + std::to_string(number) + ' ' +
            quoted(scene.objects[static_cast<std::size_t>(number - 1)].name) + " (" +
@@ -82,9 +82,9 @@ void draw(Drawing &drawing, const Scene &scene, int number, int version)
     if (angle != 0)
         rotation_line(out, -angle);
 
-    const int drawn = instance_of(scene, number);
+    const int drawn = source_of(scene, number);
     if (const Kind *kind = find_kind(version, type_of(scene, drawn))) {
-        drawing.points.restart();
+        drawing.vertices.restart();
         Pen pen{drawing, scene.objects[static_cast<std::size_t>(drawn - 1)], drawn};
         kind->draw(pen);
     }
@@ -105,7 +105,7 @@ const Kind *find_kind(int version, int type)
     return nullptr;
 }
 
-int instance_of(const Scene &scene, int number)
+int source_of(const Scene &scene, int number)
 {
     const Object &object = scene.objects[static_cast<std::size_t>(number - 1)];
     const double reference = numeric_value(object.codes(30));

@@ -20,7 +20,7 @@ const Kind *find_kind(int version, int type);
 
 /// The object whose tables draw object `number`, 1 to 70: the one that its code slot 30 names, or itself. It
 /// need not exist.
-int instance_of(const Scene &scene, int number);
+int source_of(const Scene &scene, int number);
 
 /// Draws object `number` of a scene of a version, 1 or 2: comment lines, placement lines, the geometry of the
 /// object itself or of the one that it is an instance of, undo lines. An unknown type has no geometry.

@@ -4,7 +4,7 @@
 #include "design/colour_table.h"
 #include "design/text.h"
 #include "emit/output.h"
-#include "emit/points.h"
+#include "emit/vertices.h"
 
 namespace marlogl {
 

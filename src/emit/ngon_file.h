@@ -1,5 +1,6 @@
-// The temporary point file: the corners of an n-gon on their way from a drawing function to the polygon's
-// lines.
+// The temporary point file: the corners of an n-gon on their way from a drawing function to the polygon's lines.
+// It is part of what a conversion leaves behind: an n-gon that is not drawn, for it has no texture or too many
+// corners, stays on the disk for its author to look at. All the rest happens in memory.
 #pragma once
 
 #include "design/table.h"
@@ -17,7 +18,7 @@ struct Corner {
     double point, u, v;
 };
 
-/// How the lines of the file are laid out.
+/// How the lines of the file are laid out, to the blank.
 enum class NgonLayout {
     cap,   ///< of extruded polygons and wheels
     gable, ///< of profiled-roof houses
@@ -34,8 +35,6 @@ class NgonFile {
     NgonFile &operator=(const NgonFile &) = delete;
     /// Unless it was settled, a conversion has failed: settles it as far as that can be done.
     ~NgonFile();
-
-    const std::string &path() const { return path_; }
 
     /// Empties the file, which the first call creates. Errors: missing_file, input_output.
     void open(NgonLayout layout);

@@ -69,14 +69,14 @@ double round_decimals(double x, int decimals)
     for (int i = 0; i < decimals; ++i)
         p *= 10;
     const double s = x < 0 ? -1 : 1;
-    return s * whole((std::abs(x) + 5 / (p * 10)) * p) / p;
+    return s * std::floor((std::abs(x) + 5 / (p * 10)) * p) / p;
 }
 
 namespace output {
 
 char *put_rounded(char *at, double value, int decimals)
 {
-    const Decimal number = rounded(significant(std::abs(finite(value))), decimals);
+    const Decimal number = rounded(significant(std::abs(require_finite(value))), decimals);
     const bool zero =
         std::all_of(number.digits, number.digits + significant_digits, [](char c) { return c == '0'; });
     if (value < 0 && !zero)
@@ -114,7 +114,7 @@ char *put_beyond_texture(char *at, double pixel)
 
 char *put(char *at, GeneralText text)
 {
-    const double value = finite(text.value) + 0.0; // no sign for zero
+    const double value = require_finite(text.value) + 0.0; // no sign for zero
     if (std::abs(value) < 1e15)
         return std::to_chars(at, at + most_of_number, value, std::chars_format::fixed).ptr;
     char *end = std::to_chars(at, at + most_of_number, value, std::chars_format::scientific).ptr;

@@ -110,12 +110,12 @@ constexpr HexText two_digit_hex(HexText text)
 /// letter f.
 inline TextureText texture_u(double x)
 {
-    return {whole(x)};
+    return {std::floor(x)};
 }
 
 inline TextureText texture_v(double x)
 {
-    return {255 - whole(x)};
+    return {255 - std::floor(x)};
 }
 
 /// `x` rounded to `decimals` decimals (0 to 15), halves away from zero.

@@ -1,4 +1,6 @@
-// The output of a conversion: lines, appended in call order, each ended by CR LF.
+// The output of a conversion: lines, appended in call order, each ended by CR LF. Programs that read outputs
+// rely on their bytes: a blank more in one kind of line than in another, or an order that looks odd, stays as
+// it is.
 #pragma once
 
 #include "emit/number_text.h"

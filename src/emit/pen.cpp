@@ -9,10 +9,11 @@ const ColourTable &Drawing::colours()
     return *colour_table;
 }
 
-void Pen::record(double x, double y, double z) const
+void Pen::record(double x, double y, double z)
 {
-    const Vertex point{std::trunc(finite(x)), std::trunc(finite(y)), std::trunc(finite(z))};
-    to.points.append(point);
+    const Vertex point{std::trunc(require_finite(x)), std::trunc(require_finite(y)),
+                       std::trunc(require_finite(z))};
+    to.vertices.append(point);
     if (short_coordinates)
         for (const double coordinate : {point.x, point.y, point.z})
             whole_16(coordinate, "coordinate");
@@ -27,7 +28,7 @@ std::string_view Pen::texture_of(double face) const
 }
 
 // Writes the lines that bind the texture of a face; false when the face is not textured.
-bool Pen::bind(double face) const
+bool Pen::bind(double face)
 {
     const std::string_view texture = texture_of(face);
     if (texture.empty())
@@ -37,7 +38,7 @@ bool Pen::bind(double face) const
 }
 
 // Writes the lines that open the block of a textured face; false when the face is not textured.
-template <typename Number> bool Pen::begin(double face, Number p1, Number p2, Number p3) const
+template <typename Number> bool Pen::begin(double face, Number p1, Number p2, Number p3)
 {
     if (!bind(face))
         return false;
@@ -51,13 +52,13 @@ template <typename Number> bool Pen::begin(double face, Number p1, Number p2, Nu
 }
 
 // The texture line of a corner.
-void Pen::position(double slot) const
+void Pen::position(double slot)
 {
     const Point &at = object.points(slot);
     texture_line(out(), at.x, at.y);
 }
 
-void Pen::triangle(FaceSlots slots, int p1, int p2, int p3) const
+void Pen::triangle(FaceSlots slots, int p1, int p2, int p3)
 {
     if (!begin(slots.face, p1, p2, p3))
         return;
@@ -69,8 +70,7 @@ void Pen::triangle(FaceSlots slots, int p1, int p2, int p3) const
     end_line(out());
 }
 
-void Pen::triangle(double face, const std::array<double, 3> &points,
-                   const std::array<double, 3> &positions) const
+void Pen::triangle(double face, const std::array<double, 3> &points, const std::array<double, 3> &positions)
 {
     if (!begin(face, points[0], points[1], points[2]))
         return;
@@ -81,7 +81,7 @@ void Pen::triangle(double face, const std::array<double, 3> &points,
     end_line(out());
 }
 
-template <typename Number> void Pen::quad(FaceSlots slots, const std::array<Number, 4> &points) const
+template <typename Number> void Pen::quad(FaceSlots slots, const std::array<Number, 4> &points)
 {
     if (!begin(slots.face, points[0], points[1], points[2]))
         return;
@@ -93,22 +93,22 @@ template <typename Number> void Pen::quad(FaceSlots slots, const std::array<Numb
     end_line(out());
 }
 
-template void Pen::quad(FaceSlots, const std::array<int, 4> &) const;
-template void Pen::quad(FaceSlots, const std::array<double, 4> &) const;
+template void Pen::quad(FaceSlots, const std::array<int, 4> &);
+template void Pen::quad(FaceSlots, const std::array<double, 4> &);
 
-void Pen::reversed_quad(FaceSlots slots, const std::array<double, 4> &points) const
+void Pen::reversed_quad(FaceSlots slots, const std::array<double, 4> &points)
 {
     if (!begin(slots.face, points[0], points[1], points[2]))
         return;
     for (std::size_t i = 0; i < 4; ++i) {
-        const Vertex &plan = to.points(points[3 - i]);
+        const Vertex &plan = to.vertices(points[3 - i]);
         position(slots.positions + 3 - static_cast<int>(i));
-        vertex_line(out(), plan.x, plan.y, to.points(points[i]).z);
+        vertex_line(out(), plan.x, plan.y, to.vertices(points[i]).z);
     }
     end_line(out());
 }
 
-void Pen::picture(FaceSlots slots, const std::array<int, 4> &points) const
+void Pen::picture(FaceSlots slots, const std::array<int, 4> &points)
 {
     if (!begin(slots.face, points[0], points[1], points[2]))
         return;
@@ -128,7 +128,7 @@ void Pen::picture(FaceSlots slots, const std::array<int, 4> &points) const
     end_line(out());
 }
 
-void Pen::ngon(int face, bool reversed) const
+void Pen::ngon(int face, bool reversed)
 {
     if (!bind(face))
         return;
@@ -144,11 +144,11 @@ void Pen::ngon(int face, bool reversed) const
     end_line(out());
 }
 
-void Pen::normal(const Vertex &a, const Vertex &b, const Vertex &c) const
+void Pen::normal(const Vertex &a, const Vertex &b, const Vertex &c)
 {
     const Vertex u{a.x - b.x, a.y - b.y, a.z - b.z}, v{b.x - c.x, b.y - c.y, b.z - c.z};
     const Vertex n{-(u.y * v.z - u.z * v.y), -(u.z * v.x - u.x * v.z), -(u.x * v.y - u.y * v.x)};
-    const double length = finite(std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z));
+    const double length = require_finite(std::sqrt(n.x * n.x + n.y * n.y + n.z * n.z));
     if (length == 0)
         return;
     const double f = 1 / length;

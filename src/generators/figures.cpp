@@ -4,7 +4,7 @@
 
 namespace marlogl {
 
-void record_rectangle(const Pen &pen, Span x, Span y, double z)
+void record_rectangle(Pen &pen, Span x, Span y, double z)
 {
     pen.record(x.low, y.low, z);
     pen.record(x.low, y.high, z);
@@ -26,7 +26,7 @@ Ring selected_ring(double selector)
     return {20, 18};
 }
 
-void draw_face(const Pen &pen, Side side, const Face &face)
+void draw_face(Pen &pen, Side side, const Face &face)
 {
     const FaceSlots slots = face.slots[side];
     const auto [p1, p2, p3, p4] = face.points;
@@ -40,7 +40,7 @@ void draw_face(const Pen &pen, Side side, const Face &face)
         pen.quad(slots, face.points);
 }
 
-void draw_lights(const Pen &pen, std::span<const int> points)
+void draw_lights(Pen &pen, std::span<const int> points)
 {
     const std::string_view lights_switch = pen.object.codes(26);
     if (std::all_of(lights_switch.begin(), lights_switch.end(), [](unsigned char c) { return c <= ' '; }))

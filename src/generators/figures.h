@@ -16,11 +16,11 @@ struct Span {
 
 inline Span centred(double extent)
 {
-    return {-whole(extent / 2), extent - whole(extent / 2)};
+    return {-std::floor(extent / 2), extent - std::floor(extent / 2)};
 }
 
 /// Records the four corners of a level rectangle: front left, back left, back right, front right.
-void record_rectangle(const Pen &pen, Span x, Span y, double z);
+void record_rectangle(Pen &pen, Span x, Span y, double z);
 
 /// A regular ring of points: how many, and the angle between two of them in degrees.
 struct Ring {
@@ -48,10 +48,10 @@ struct Face {
 };
 
 /// Draws a face with the slots and the order of points of `side`. Errors: those of the pen.
-void draw_face(const Pen &pen, Side side, const Face &face);
+void draw_face(Pen &pen, Side side, const Face &face);
 
 /// Draws a face that has the same slots on both sides.
-inline void draw_face(const Pen &pen, Side side, FaceSlots slots, const std::array<int, 4> &points)
+inline void draw_face(Pen &pen, Side side, FaceSlots slots, const std::array<int, 4> &points)
 {
     draw_face(pen, side,
               {
@@ -62,6 +62,6 @@ inline void draw_face(const Pen &pen, Side side, FaceSlots slots, const std::arr
 
 /// Draws GL_POINTS at recorded points, in the colour of slot 0, unless code slot 26 of the object is blank or
 /// holds control characters only. Errors: index, input_output.
-void draw_lights(const Pen &pen, std::span<const int> points);
+void draw_lights(Pen &pen, std::span<const int> points);
 
 } // namespace marlogl

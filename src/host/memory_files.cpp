@@ -60,6 +60,11 @@ std::unique_ptr<OutputFile> MemoryFiles::create(const std::string &path)
     return std::make_unique<MemoryOutput>(*this, name);
 }
 
+void MemoryFiles::remove(const std::string &path)
+{
+    files.erase(plain(path));
+}
+
 std::string MemoryFiles::identity(const std::string &path)
 {
     const std::string name = plain(path);

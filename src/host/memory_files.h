@@ -9,7 +9,8 @@
 
 namespace marlogl {
 
-/// Files by their paths. The executable lies in the folder "program", the current folder is ".".
+/// Files by their paths, "a/b" being the same as "./a//b". The executable lies in the folder "program"; paths
+/// that begin at no root count from the current folder, which has no files above it.
 class MemoryFiles : public FileSystem {
   public:
     std::map<std::string, std::string> files;
@@ -18,7 +19,7 @@ class MemoryFiles : public FileSystem {
 
     std::unique_ptr<InputFile> open(const std::string &path) override;
     std::unique_ptr<OutputFile> create(const std::string &path) override;
-    void remove(const std::string &path) override { files.erase(path); }
+    void remove(const std::string &path) override;
     std::string identity(const std::string &path) override;
     std::vector<std::string> names_in(const std::string &folder) override;
     std::string executable_folder() override { return "program"; }

@@ -1,4 +1,4 @@
-// The operating system's files and process: the only source that knows the platform.
+// The operating system's files and process. Only this folder knows the platform.
 #include "base/run_error.h"
 #include "host/file_system.h"
 #include "host/system.h"

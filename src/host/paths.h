@@ -11,9 +11,10 @@ namespace marlogl {
 /// `path` with the system's separators: where that is "/", each "\" stands for it.
 std::string native_path(std::string_view path);
 
-/// The name under which a native path exists in `folder` (empty, or spelled as it is): the path itself or,
-/// component by component, a name that differs only in the case of its letters (of several the first in byte
-/// order); the path itself when there is neither. Errors: input_output.
+/// The name under which a native path exists behind `folder` (empty, or spelled as it is; then the path
+/// begins with a separator): the path itself or, component by component, a name that differs only in the case
+/// of its letters (of several the first in byte order); the path itself when there is neither. Errors:
+/// input_output.
 std::string find_file(FileSystem &files, const std::string &path, const std::string &folder = "");
 
 } // namespace marlogl

@@ -44,20 +44,19 @@ void refuse_link(const NamedFile &written, const NamedFile &other)
 Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
 {
     const NamedFile output(files, "output file", output_path(configuration.output));
-    const NamedFile points(files, "temporary point file",
-                           configuration.folder + native_path("\\tempofil.%%%"));
+    const NamedFile ngon(files, "temporary point file", configuration.folder + native_path("\\tempofil.%%%"));
     const NamedFile inputs[] = {
         {files,           "design file",           find_file(files,       native_path(configuration.design))},
         {files,           "run configuration",     configuration.file   },
         {files, "colour table", colour_table_path(files, configuration.folder)                                  }
     };
-    for (const NamedFile *written : {&output, &points})
+    for (const NamedFile *written : {&output, &ngon})
         for (const NamedFile &input : inputs)
             refuse_link(*written, input);
-    refuse_link(points, output);
+    refuse_link(ngon, output);
     return {
         files, configuration, inputs[2].path, {files, output.path},
-           {files, points.path}
+           {files, ngon.path  }
     };
 }
 
@@ -65,7 +64,7 @@ double scale(std::string_view scale_level)
 {
     constexpr double feet_per_metre = 3.2808;
     const double level = numeric_value(scale_level);
-    const bool has_factor = level >= 9 && level <= 15 && level == whole(level);
+    const bool has_factor = level >= 9 && level <= 15 && level == std::floor(level);
     const double factor = has_factor ? std::exp2(16 - level) : 1;
     return round_decimals(factor / feet_per_metre, 4);
 }

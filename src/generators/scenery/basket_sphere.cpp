@@ -33,7 +33,7 @@ std::array<int, 4> rope_points(int ring_count)
 }
 
 // Records the rings; returns the height of the highest.
-double record_rings(const Pen &pen, Ring ring, double base)
+double record_rings(Pen &pen, Ring ring, double base)
 {
     constexpr int first_angle = 1;
     double height = base;
@@ -49,13 +49,13 @@ double record_rings(const Pen &pen, Ring ring, double base)
 }
 
 // The two end points keep their fractions, unlike recorded ones.
-void append_end_points(const Pen &pen, double bottom, double top)
+void append_end_points(Pen &pen, double bottom, double top)
 {
-    for (const double z : {finite(bottom), finite(top)})
-        pen.to.points.append({0, 0, z});
+    for (const double z : {require_finite(bottom), require_finite(top)})
+        pen.to.vertices.append({0, 0, z});
 }
 
-void record_basket(const Pen &pen, double base, double basket_height)
+void record_basket(Pen &pen, double base, double basket_height)
 {
     const Span edge = centred(pen.cell(16));
     const struct {
@@ -72,7 +72,7 @@ void record_basket(const Pen &pen, double base, double basket_height)
     }
 }
 
-void draw_ropes(const Pen &pen, const Basket &basket, Ring ring)
+void draw_ropes(Pen &pen, const Basket &basket, Ring ring)
 {
     pen.out().line("glColor3ub( 255, 255, 255 ); ");
     begin_lines_line(pen.out());
@@ -84,7 +84,7 @@ void draw_ropes(const Pen &pen, const Basket &basket, Ring ring)
     end_line(pen.out());
 }
 
-void draw_basket(const Pen &pen, Side side, const Basket &basket)
+void draw_basket(Pen &pen, Side side, const Basket &basket)
 {
     for (int m = 0; m < 4; ++m)
         draw_face(pen, side, {7 + m, 25 + 4 * m},
@@ -93,14 +93,14 @@ void draw_basket(const Pen &pen, Side side, const Basket &basket)
 }
 
 // Draws a triangle of a cap, whose texture positions stand in three slots from `position` on.
-void draw_cap_triangle(const Pen &pen, Side side, int face, double position, double p1, double p2, double p3)
+void draw_cap_triangle(Pen &pen, Side side, int face, double position, double p1, double p2, double p3)
 {
     if (side == inside)
         std::swap(p1, p3);
     pen.triangle(face, {p1, p2, p3}, {position, position + 1, position + 2});
 }
 
-void draw_envelope(const Pen &pen, Side side, int n, int bottom)
+void draw_envelope(Pen &pen, Side side, int n, int bottom)
 {
     for (int i = 0; i < n; ++i)
         draw_cap_triangle(pen, side, 12, 50, bottom, i, next(i, n));
@@ -136,7 +136,7 @@ void draw_basket_sphere(Pen &pen)
         draw_ropes(pen, basket, ring);
     }
     for (const Side side : {inside, outside}) {
-        pen.look_from(side);
+        pen.choose_side(side);
         if (has_basket)
             draw_basket(pen, side, basket);
     }

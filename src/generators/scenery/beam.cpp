@@ -15,12 +15,12 @@ struct BeamPoint {
     bool skips_closing() const { return at.attribute(4) == 'V'; }
 };
 
-BeamPoint beam_point(const Pen &pen, double i)
+BeamPoint beam_point(Pen &pen, double i)
 {
     return {pen.object.points(i)};
 }
 
-void record_points(const Pen &pen, double count, bool upright)
+void record_points(Pen &pen, double count, bool upright)
 {
     const double base = pen.cell(58), offset = pen.cell(2), rise = pen.cell(5);
     for (double i = 1; i <= count; ++i) {
@@ -40,7 +40,7 @@ void record_points(const Pen &pen, double count, bool upright)
     }
 }
 
-void draw_triangle(const Pen &pen, int p1, int p2, int p3)
+void draw_triangle(Pen &pen, int p1, int p2, int p3)
 {
     begin_polygon_line(pen.out());
     for (const int point : {p1, p2, p3})
@@ -51,7 +51,7 @@ void draw_triangle(const Pen &pen, int p1, int p2, int p3)
 // The drawing so far. The points are counted again, from the runs alone: a first point that starts no run was
 // recorded as point 0, and counts as 1 here.
 struct Fan {
-    const Pen &pen;
+    Pen &pen;
     bool doubled;
     int apex = 0, first = 0, previous = 0, last = 0;
 

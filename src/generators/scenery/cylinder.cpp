@@ -23,17 +23,17 @@ Ring cylinder_ring(double selector)
     return selector == 5 ? Ring{9, 40} : selected_ring(selector);
 }
 
-bool is_lying(const Pen &pen)
+bool is_lying(Pen &pen)
 {
     return pen.cell(18) == 1;
 }
 
-bool has_railing(const Pen &pen)
+bool has_railing(Pen &pen)
 {
     return !is_lying(pen) && pen.cell(6) > 0;
 }
 
-void record_upright(const Pen &pen, const Cylinder &cylinder)
+void record_upright(Pen &pen, const Cylinder &cylinder)
 {
     const double base = pen.cell(58), beyond2 = pen.cell(1), between = pen.cell(2), beyond1 = pen.cell(3);
     const auto record_ring = [&](double diameter, double z) {
@@ -52,7 +52,7 @@ void record_upright(const Pen &pen, const Cylinder &cylinder)
 }
 
 // The ends lie in the planes of their rings.
-void record_lying(const Pen &pen, const Cylinder &cylinder)
+void record_lying(Pen &pen, const Cylinder &cylinder)
 {
     const double base = pen.cell(58), radius1 = pen.cell(4) / 2, radius2 = pen.cell(5) / 2;
     const double y1 = -pen.cell(3) - pen.cell(2) / 2, y2 = pen.cell(1) + pen.cell(2) / 2;
@@ -69,7 +69,7 @@ void record_lying(const Pen &pen, const Cylinder &cylinder)
         record_ring(radius2, y2);
 }
 
-void draw_railing(const Pen &pen, const Cylinder &cylinder)
+void draw_railing(Pen &pen, const Cylinder &cylinder)
 {
     Output &out = pen.out();
     colour_line_blank(out, pen.object.colours(23));
@@ -87,7 +87,7 @@ void draw_railing(const Pen &pen, const Cylinder &cylinder)
     end_line(out);
 }
 
-void draw_faces(const Pen &pen, Side side, const Cylinder &cylinder)
+void draw_faces(Pen &pen, Side side, const Cylinder &cylinder)
 {
     for (int i = 0; i < cylinder.ring.count; ++i) {
         const int j = i + 1, k = next(i, cylinder.ring.count);
@@ -99,7 +99,7 @@ void draw_faces(const Pen &pen, Side side, const Cylinder &cylinder)
     }
 }
 
-void draw_ring_lights(const Pen &pen, const Cylinder &cylinder)
+void draw_ring_lights(Pen &pen, const Cylinder &cylinder)
 {
     constexpr int unlit_count = 9;
     if (cylinder.ring.count == unlit_count)
@@ -128,10 +128,10 @@ void draw_cylinder(Pen &pen)
     if (has_railing(pen))
         draw_railing(pen, cylinder);
     if (pen.is_true(12)) {
-        pen.look_from(outside);
+        pen.choose_side(outside);
         draw_faces(pen, outside, cylinder);
     }
-    pen.look_from(inside);
+    pen.choose_side(inside);
     draw_faces(pen, inside, cylinder);
     if (has_lights)
         draw_ring_lights(pen, cylinder);

@@ -14,7 +14,7 @@ constexpr int separators[] = {2, 5};
 constexpr int digits[] = {0, 1, 3, 4, 6, 7};
 
 // Draws the field whose lower left point is `left`.
-void draw_field(const Pen &pen, int left, FaceSlots slots)
+void draw_field(Pen &pen, int left, FaceSlots slots)
 {
     pen.picture(slots, {left, left + columns_of_points, left + columns_of_points + 1, left + 1});
 }

@@ -35,13 +35,13 @@ constexpr struct {
 
 constexpr int guys = 4, corners = 4;
 
-bool has_guy_set(const Pen &pen, int slot)
+bool has_guy_set(Pen &pen, int slot)
 {
     return pen.object.codes(slot) != "  ";
 }
 
 // Records four anchors on the ground and four ends at the mast.
-void record_guy_set(const Pen &pen, double distance, double height)
+void record_guy_set(Pen &pen, double distance, double height)
 {
     const double ground = 2 * pen.cell(58);
     for (const auto &[end, direction] : guy_lines)
@@ -50,7 +50,7 @@ void record_guy_set(const Pen &pen, double distance, double height)
         pen.record(end.x, end.y, height);
 }
 
-void draw_guy_set(const Pen &pen, double first_point)
+void draw_guy_set(Pen &pen, double first_point)
 {
     for (int m = 0; m < guys; ++m) {
         pen.vertex(first_point + m);
@@ -58,7 +58,7 @@ void draw_guy_set(const Pen &pen, double first_point)
     }
 }
 
-void draw_segment(const Pen &pen, double j)
+void draw_segment(Pen &pen, double j)
 {
     const double lower = corners * (j - 1), upper = corners * j;
     for (const int c : {1, 2, 3, 0}) {

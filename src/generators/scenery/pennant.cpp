@@ -8,7 +8,7 @@ void draw_pennant(Pen &pen)
 {
     const double foot = pen.cell(58), pole = pen.cell(3), height = pen.cell(2), length = pen.cell(1);
     const double top = foot + height + pole, low = foot + pole;
-    const double tip = foot + pole + whole(height / 2);
+    const double tip = foot + pole + std::floor(height / 2);
 
     Output &out = pen.out();
     out.line("glColor3ub( 192, 192, 192 ); ");

@@ -12,7 +12,7 @@ void wire_line(Output &out, double x, double y, double z)
     out.line("      glVertex3d( ", p0(x), ", ", p0(y), ", ", p0(z), " ) ;");
 }
 
-void draw_wire_frame(const Pen &pen, Span width, double count)
+void draw_wire_frame(Pen &pen, Span width, double count)
 {
     const double elevation = pen.cell(58);
     const auto profile_line = [&](double x, double i) {
@@ -44,7 +44,7 @@ struct Surface {
 
 // Writes one side over points 0 to 3, but for the line that ends it. The upper side runs from point 3 to 0,
 // and its normal stands before the last corner. A side is textured when it has a texture's name.
-void begin_side(const Pen &pen, bool upper)
+void begin_side(Pen &pen, bool upper)
 {
     const int slot = upper ? 1 : 2, first_cell = upper ? 11 : 15;
     const std::string_view texture = trimmed(pen.object.texts(slot));
@@ -73,10 +73,10 @@ void begin_side(const Pen &pen, bool upper)
 }
 
 // Draws the lower and the upper side of a surface, but for the line that ends the upper one.
-void draw_surface(const Pen &pen, Span width, const Surface &surface)
+void draw_surface(Pen &pen, Span width, const Surface &surface)
 {
     const double rise = pen.cell(58);
-    pen.to.points.restart();
+    pen.to.vertices.restart();
     pen.record(width.low, surface.start, surface.start_height);
     pen.record(width.low, surface.end, surface.end_height);
     pen.record(width.high, surface.end, surface.end_height + rise);
@@ -88,11 +88,11 @@ void draw_surface(const Pen &pen, Span width, const Surface &surface)
 
 // A length in two halves, the second with the odd unit.
 struct Halves {
-    explicit Halves(double length) : smaller(whole(length / 2)), larger(length - smaller) {}
+    explicit Halves(double length) : smaller(std::floor(length / 2)), larger(length - smaller) {}
     double smaller, larger;
 };
 
-void draw_surfaces(const Pen &pen, Span width)
+void draw_surfaces(Pen &pen, Span width)
 {
     const double inner_height_1 = pen.cell(57), inner_height_2 = pen.cell(54);
     const Halves a(pen.cell(38)), m(pen.cell(1)), b(pen.cell(39));

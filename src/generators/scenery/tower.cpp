@@ -10,7 +10,7 @@ namespace marlogl {
 namespace {
 
 struct Tower {
-    const Pen &pen;
+    Pen &pen;
     double width;
     const ColourTable &colours;
 };

@@ -18,7 +18,7 @@ struct Rings {
     int near_hub, far_hub, near_rim, far_rim; // first points
 };
 
-Rings record_rings(const Pen &pen, Ring ring)
+Rings record_rings(Pen &pen, Ring ring)
 {
     const double outer = pen.cell(1), hub = pen.cell(2), width = pen.cell(3), protrusion = pen.cell(4);
     const double centre = pen.cell(58) + outer / 2;
@@ -33,19 +33,19 @@ Rings record_rings(const Pen &pen, Ring ring)
     return {0, ring.count, 2 * ring.count, 3 * ring.count};
 }
 
-void open_disc(const Pen &pen)
+void open_disc(Pen &pen)
 {
     pen.to.ngon.open(NgonLayout::cap);
     pen.out().line("glColor3ub( ", pen.to.configuration.colour_outside, " );");
 }
 
-void add_disc_corner(const Pen &pen, double point, double slot)
+void add_disc_corner(Pen &pen, double point, double slot)
 {
     const Point &at = pen.object.points(slot);
     pen.to.ngon.add({point, static_cast<double>(at.x), 255.0 - at.y});
 }
 
-void draw_discs(const Pen &pen, double segments)
+void draw_discs(Pen &pen, double segments)
 {
     open_disc(pen);
     for (double j = 1; j <= segments; ++j)
@@ -64,7 +64,7 @@ struct Edge {
 };
 
 // The face of one segment between two rings: points q and q1 of the one and then of the other.
-void draw_segment(const Pen &pen, Edge from, Edge to, double q, double q1)
+void draw_segment(Pen &pen, Edge from, Edge to, double q, double q1)
 {
     const struct {
         double point, column;
@@ -85,7 +85,7 @@ void draw_segment(const Pen &pen, Edge from, Edge to, double q, double q1)
 }
 
 // The strip over cone, tread and cone is textured by one rectangle, whose columns are shared out by width.
-void draw_tread(const Pen &pen, const Rings &rings, Ring ring, double segments)
+void draw_tread(Pen &pen, const Rings &rings, Ring ring, double segments)
 {
     const double width = pen.cell(3), protrusion = pen.cell(4);
     const double near_column = pen.object.points(1).x, far_column = pen.object.points(3).x;

@@ -16,7 +16,7 @@ constexpr Cap caps[] = {
 
 void record_outline(const Prism &prism, int before, double flat_z, double upright_y)
 {
-    const Pen &pen = prism.pen;
+    Pen &pen = prism.pen;
     for (double j = 1; j <= prism.n; ++j) {
         const Point &corner = pen.object.points(j + before);
         if (prism.flat)
@@ -37,7 +37,7 @@ void draw_extruded_polygon(Pen &pen)
     record_outline(prism, before_top_outline, ground + height, thickness.high);
 
     const bool reversed = prism.turns_clockwise();
-    pen.look_from(outside);
+    pen.choose_side(outside);
     for (int i = 1; i <= prism.n; ++i) {
         const FaceSlots slots{i, 4 * i + 37};
         if (reversed)

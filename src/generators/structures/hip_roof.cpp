@@ -64,7 +64,7 @@ void draw_hip_roof(Pen &pen)
     }
 
     for (const Side side : {outside, inside}) {
-        pen.look_from(side);
+        pen.choose_side(side);
         draw_face(pen, side, plate);
         for (const Face &face : roof_of(shape))
             draw_face(pen, side, face);

@@ -40,7 +40,7 @@ void draw_gabled_house(Pen &pen)
 
     const bool present[] = {wall_height > 0, roof_height > 0, true};
     for (const Side side : {inside, outside}) {
-        pen.look_from(side);
+        pen.choose_side(side);
         for (const auto &[part, face] : faces)
             if (present[part])
                 draw_face(pen, side, face);

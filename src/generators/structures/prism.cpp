@@ -13,7 +13,7 @@ std::array<double, 4> Prism::wall_points(double i) const
 
 bool Prism::turns_clockwise() const
 {
-    const Points &points = pen.to.points;
+    const Vertices &points = pen.to.vertices;
     return flat ? points.turns_clockwise_xy(n, n + 1, n + 2) : points.turns_clockwise_xz(n, n + 1, n + 2);
 }
 
@@ -25,7 +25,7 @@ void Prism::draw_ngon_cap(const Cap &cap, bool reversed) const
         const Point &at = pen.object.points(k + cap.before_positions);
         ngon.add({first + k - 1, static_cast<double>(at.x), static_cast<double>(at.y)});
     };
-    const bool turn = pen.to.points.turns_clockwise_xy(first, first + 1, first + 2);
+    const bool turn = pen.to.vertices.turns_clockwise_xy(first, first + 1, first + 2);
     ngon.open(NgonLayout::cap);
     if (turn == (cap.position == bottom))
         for (double k = 1; k <= n; ++k)
@@ -47,7 +47,7 @@ void Prism::draw_triangle_cap(const Cap &cap, std::string_view codes, bool oppos
         // Corners from 0 on.
         std::array<double, 3> corners{static_cast<double>(a), static_cast<double>(b), static_cast<double>(c)};
         const bool turn =
-            pen.to.points.turns_clockwise_xy(first + corners[0], first + corners[1], first + corners[2]);
+            pen.to.vertices.turns_clockwise_xy(first + corners[0], first + corners[1], first + corners[2]);
         if ((turn == (cap.position == top)) != opposite)
             std::swap(corners[0], corners[2]);
         const auto counted_from = [&](double start) {

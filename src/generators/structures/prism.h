@@ -19,7 +19,7 @@ struct Cap {
 /// A prism over outlines of n corners: the bottom one has the points 0 to n - 1, the top one n to 2n - 1. n
 /// is what the design file says; where it is no whole number, loops run while their counter is not above it.
 struct Prism {
-    const Pen &pen;
+    Pen &pen;
     double n = pen.cell(11);
     bool flat = pen.cell(13) == 0; // else the outline stands upright
 

@@ -47,7 +47,7 @@ constexpr Gable back_gable{
     { 5, 6, 21, 20, 19, 18, 17, 16, 15}
 };
 
-void record_profile(const Pen &pen, double y, double eaves)
+void record_profile(Pen &pen, double y, double eaves)
 {
     for (int left = 12; left <= 14; ++left)
         pen.record(-pen.cell(left), y, eaves + pen.cell(left + 10));
@@ -56,7 +56,7 @@ void record_profile(const Pen &pen, double y, double eaves)
         pen.record(pen.cell(right), y, eaves + pen.cell(right + 10));
 }
 
-void draw_gable(const Pen &pen, Side side, const Gable &gable)
+void draw_gable(Pen &pen, Side side, const Gable &gable)
 {
     const auto [face, second_position] = gable.slots[side];
     pen.to.ngon.open(NgonLayout::gable);
@@ -87,7 +87,7 @@ void draw_profiled_house(Pen &pen)
             if (wall_height > 0)
                 draw_face(pen, side, walls[wall]);
         };
-        pen.look_from(side);
+        pen.choose_side(side);
         draw_gable(pen, side, front_gable);
         draw_wall(front);
         draw_gable(pen, side, back_gable);

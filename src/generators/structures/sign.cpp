@@ -27,7 +27,7 @@ struct Board {
 //   1 --- 2
 //   |     |      seen from the front
 //   0 --- 3
-void record_upright(const Pen &pen, Mode mode, const Board &b)
+void record_upright(Pen &pen, Mode mode, const Board &b)
 {
     const double d = mode == Mode::front || mode == Mode::left ? -b.distance : b.distance;
     const auto corner = [&](double along, double z) {
@@ -47,7 +47,7 @@ void record_upright(const Pen &pen, Mode mode, const Board &b)
 //   1 --- 2    ^ y
 //   |     |    |      seen from above
 //   0 --- 3    +--> x
-void record_lying(const Pen &pen, Mode mode, const Board &b)
+void record_lying(Pen &pen, Mode mode, const Board &b)
 {
     constexpr int edges[][2] = {
         {1, 2}, // back

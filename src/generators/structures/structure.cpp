@@ -62,7 +62,7 @@ struct Shifts {
     double front = 0, back = 0, left = 0, right = 0;
 };
 
-Shifts edge_shifts(const Pen &pen)
+Shifts edge_shifts(Pen &pen)
 {
     Shifts shifts;
     shifts.left = pen.cell(16) == 0 ? pen.cell(14) : -pen.cell(14);
@@ -77,7 +77,7 @@ struct Offsets {
     double x[corner_count] = {}, y[corner_count] = {}, height[corner_count] = {};
 };
 
-Offsets corner_offsets(const Pen &pen)
+Offsets corner_offsets(Pen &pen)
 {
     constexpr double stored_offset = 5000;
     Offsets offsets;
@@ -103,7 +103,7 @@ Offsets corner_offsets(const Pen &pen)
 
 using Corners = std::array<Vertex, corner_count>;
 
-Corners corners(const Pen &pen)
+Corners corners(Pen &pen)
 {
     const Span front_x = centred(pen.cell(1)), right_y = centred(pen.cell(2)), back_x = centred(pen.cell(3)),
                left_y = centred(pen.cell(4));
@@ -130,19 +130,19 @@ Corners corners(const Pen &pen)
     };
 }
 
-bool lower_is_wider(const Pen &pen, const Wall &wall)
+bool lower_is_wider(Pen &pen, const Wall &wall)
 {
     return pen.cell(wall.lower_length) > pen.cell(wall.upper_length);
 }
 
-bool is_straight(const Pen &pen, const Wall &wall)
+bool is_straight(Pen &pen, const Wall &wall)
 {
     return pen.cell(wall.lower_length) != pen.cell(wall.upper_length) && pen.is_true(wall.straight_switch);
 }
 
 // Records the point under (or over) the end `narrow` of a wall's narrower edge, on the level of its wider
 // edge.
-void record_extra_point(const Pen &pen, const Wall &wall, const Vertex &narrow, const Vertex &wide)
+void record_extra_point(Pen &pen, const Wall &wall, const Vertex &narrow, const Vertex &wide)
 {
     if (wall.along_x)
         pen.record(narrow.x, wide.y, wide.z);
@@ -150,7 +150,7 @@ void record_extra_point(const Pen &pen, const Wall &wall, const Vertex &narrow, 
         pen.record(wide.x, narrow.y, wide.z);
 }
 
-void record_extra_points(const Pen &pen, const Wall &wall, const Corners &solid)
+void record_extra_points(Pen &pen, const Wall &wall, const Corners &solid)
 {
     const auto corner = [&](int point) { return solid[static_cast<std::size_t>(point)]; };
     const Vertex la = corner(wall.la()), ha = corner(wall.ha()), hb = corner(wall.hb()),
@@ -170,7 +170,7 @@ void record_extra_points(const Pen &pen, const Wall &wall, const Corners &solid)
 //          ha ---- hb            la ea ---- eb lb      the wider edge is the lower or
 //          |       |             |          |          the upper one
 //    la    ea      eb   lb       ha         hb
-void draw_straight_wall(const Pen &pen, Side side, const Wall &wall, int ea)
+void draw_straight_wall(Pen &pen, Side side, const Wall &wall, int ea)
 {
     const int eb = ea + 1;
     const auto [face, positions] = wall.face.slots[side];
@@ -193,7 +193,7 @@ void draw_straight_wall(const Pen &pen, Side side, const Wall &wall, int ea)
 // The first extra point of each wall, no_point for a wall without straight sides.
 using ExtraPoints = std::array<int, wall_count>;
 
-void draw_walls(const Pen &pen, Side side, const ExtraPoints &extra_points)
+void draw_walls(Pen &pen, Side side, const ExtraPoints &extra_points)
 {
     for (std::size_t i = 0; i < extra_points.size(); ++i)
         if (extra_points[i] == no_point)
@@ -202,12 +202,12 @@ void draw_walls(const Pen &pen, Side side, const ExtraPoints &extra_points)
             draw_straight_wall(pen, side, walls[i], extra_points[i]);
 }
 
-bool has_antenna(const Pen &pen, int j)
+bool has_antenna(Pen &pen, int j)
 {
     return pen.is_true(35 + j);
 }
 
-void record_antenna(const Pen &pen, int j)
+void record_antenna(Pen &pen, int j)
 {
     constexpr double stored_offset = 2000;
     const Point &position = pen.object.points(50 + j);
@@ -217,7 +217,7 @@ void record_antenna(const Pen &pen, int j)
     pen.record(x, y, foot + pen.cell(45 + j));
 }
 
-void write_antenna_commands(const Pen &pen, int last_point)
+void write_antenna_commands(Pen &pen, int last_point)
 {
     const Text<11> &colour = pen.object.colours(13);
     const auto component = [&](std::size_t first) {
@@ -260,10 +260,10 @@ void draw_structure(Pen &pen)
 
     // The inside of the bottom takes the view side that the object before has left.
     draw_face(pen, inside, bottom_face);
-    pen.look_from(inside);
+    pen.choose_side(inside);
     draw_walls(pen, inside, extra_points);
     draw_face(pen, inside, top_face);
-    pen.look_from(outside);
+    pen.choose_side(outside);
     draw_walls(pen, outside, extra_points);
     draw_face(pen, outside, bottom_face);
     draw_face(pen, outside, top_face);

@@ -24,7 +24,7 @@ constexpr FaceSlots before_walls[] = {
 // lifted where cell 19 is `lifted`.
 void record_upright(const Prism &prism, int before, double y, double back, double forth, double lifted)
 {
-    const Pen &pen = prism.pen;
+    Pen &pen = prism.pen;
     const double direction = pen.cell(18), amount = pen.cell(16);
     const double shift = direction == back ? -amount : direction == forth ? amount : 0;
     const double lift = pen.cell(19) == lifted ? pen.cell(17) : 0;
@@ -36,7 +36,7 @@ void record_upright(const Prism &prism, int before, double y, double back, doubl
 
 void record_outlines(const Prism &prism)
 {
-    const Pen &pen = prism.pen;
+    Pen &pen = prism.pen;
     const double ground = pen.cell(58), height = pen.cell(2);
     if (!prism.flat) {
         const Span thickness = centred(height);
@@ -91,7 +91,7 @@ void draw_two_sided_polygon(Pen &pen)
     const bool turn = prism.turns_clockwise();
 
     for (const Side side : {inside, outside}) {
-        pen.look_from(side);
+        pen.choose_side(side);
         for (int i = 1; i <= prism.n; ++i)
             draw_wall(prism, side, turn, i);
         for (const Cap &cap : caps[side]) {

@@ -1,8 +1,8 @@
-#include "emit/points.h"
+#include "emit/vertices.h"
 
 namespace marlogl {
 
-Vertex Points::difference(double from, double to) const
+Vertex Vertices::difference(double from, double to) const
 {
     if (!rows_.has(from + 1) || !rows_.has(to + 1))
         return {0, 0, 0};
@@ -10,13 +10,13 @@ Vertex Points::difference(double from, double to) const
     return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
 
-bool Points::turns_clockwise_xy(double i, double j, double k) const
+bool Vertices::turns_clockwise_xy(double i, double j, double k) const
 {
     const Vertex d1 = difference(i, j), d2 = difference(k, j);
     return d1.x * d2.y - d1.y * d2.x >= 0;
 }
 
-bool Points::turns_clockwise_xz(double i, double j, double k) const
+bool Vertices::turns_clockwise_xz(double i, double j, double k) const
 {
     const Vertex d1 = difference(i, j), d2 = difference(k, j);
     return d1.x * d2.z - d1.z * d2.x >= 0;

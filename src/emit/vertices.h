@@ -1,4 +1,4 @@
-// The points of an object: recorded by its drawing function, named by number in its faces and lines.
+// The vertices of an object: recorded by its drawing function, named by point number in its faces and lines.
 #pragma once
 
 #include "design/table.h"
@@ -11,7 +11,7 @@ struct Vertex {
 
 /// Point number n (from 0, in the order of recording) lives in row n + 1. Rows are never cleared: those above
 /// the count keep the points of earlier objects.
-class Points {
+class Vertices {
   public:
     /// Begins to count from 0 again.
     void restart() { count_ = 0; }
@@ -21,7 +21,8 @@ class Points {
     /// Takes the next row for a point as it is. Errors: index for more than 300 points.
     void append(const Vertex &point) { rows_(++count_) = point; }
 
-    /// Errors: index when `point` is outside 0 to 299 (rounded after 1 was added: halves go to the even row).
+    /// Errors: index when `point` is outside -1 to 299 (rounded after 1 was added: halves go to the even
+    /// row). Point -1 is row 0, which is never recorded and lies at the origin.
     template <typename Number> const Vertex &operator()(Number point) const { return rows_(point + 1); }
 
     /// Whether the way from point i by j to k, seen in the x-y or the x-z plane, turns clockwise or not at
