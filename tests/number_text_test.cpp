@@ -3,6 +3,7 @@
 #include "emit/output.h"
 #include "support/cases.h"
 
+#include <cstdlib>
 #include <limits>
 #include <random>
 
@@ -61,6 +62,9 @@ TEST(NumberText, IsNotThereForANumberThatIsNotFinite)
               "overflow: the number 1e+16 is too large for hexadecimal digits");
 }
 
+// Of the values below one in so many is tried; with MARLOGL_ALL_NUMBERS in the environment, all are.
+const int one_in = std::getenv("MARLOGL_ALL_NUMBERS") != nullptr ? 1 : 10;
+
 // The text that the digits themselves give.
 template <typename Put> std::string exact_text(Put put)
 {
@@ -77,7 +81,7 @@ void expect_exact_hundredths(double x)
 
 TEST(NumberText, OfANormalIsTheExactOneNearEveryTie)
 {
-    constexpr int neighbours = 1500;
+    const int neighbours = 1500 / one_in;
     for (int hundredths = 0; hundredths <= 1001; ++hundredths) {
         // Where the hundredths, and where by way of the millionths they turn to the next one.
         const double sign = hundredths % 2 == 0 ? 1 : -1, tie = sign * (hundredths + 0.5) / 100;
@@ -97,7 +101,7 @@ TEST(NumberText, OfANormalIsTheExactOneAnywhere)
 {
     std::mt19937_64 random(20);
     std::uniform_real_distribution<double> component(-1, 1), any(-12, 12), exponent(-25, 40);
-    for (int i = 0; i < 1000000; ++i) {
+    for (int i = 0; i < 1000000 / one_in; ++i) {
         expect_exact_hundredths(component(random));
         expect_exact_hundredths(std::ldexp(any(random), i % 4 == 0 ? static_cast<int>(exponent(random)) : 0));
     }
@@ -107,7 +111,7 @@ TEST(NumberText, OfAWholeNumberIsTheExactOne)
 {
     std::mt19937_64 random(30);
     std::uniform_real_distribution<double> size(-1, 1.2e9), half(0, 2);
-    for (int i = 0; i < 100000; ++i) {
+    for (int i = 0; i < 100000 / one_in; ++i) {
         const double any = size(random) / (i % 7 == 0 ? 1 : std::pow(10, i % 9));
         for (const double x : {any, std::floor(any), std::floor(any) + 0.5, i * 0.25})
             for (const double signed_x : {x, -x})
@@ -120,7 +124,7 @@ TEST(NumberText, OfAWholeNumberIsTheExactOne)
 
 TEST(NumberText, OfATexturePositionIsTheExactOne)
 {
-    for (int pixel = -100300; pixel <= 100300; ++pixel) {
+    for (int pixel = -100300; pixel <= 100300; pixel += pixel / 1000 == 0 ? 1 : one_in) {
         const std::string exact = exact_text(
             [pixel](char *at) { return output::put_rounded(at, round_decimals(pixel / 255.0, 6), 6); });
         if (text_of(texture_u(pixel)) != exact + 'f' || text_of(texture_v(255 - pixel)) != exact + 'f')

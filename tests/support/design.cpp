@@ -12,16 +12,6 @@ namespace marlogl {
 
 namespace {
 
-std::string two_digits(int number)
-{
-    return text_of(p00(number));
-}
-
-bool reads_vertex(const std::string &line, Point3 &p)
-{
-    return std::sscanf(line.c_str(), " glVertex3d( %lf, %lf, %lf", &p.x, &p.y, &p.z) == 3;
-}
-
 // Names may hold anything; only the statements are looked at.
 bool is_statement(const std::string &line)
 {
@@ -54,13 +44,13 @@ void check_every_output(const Converted &converted)
         }
         if (line == "glEnd();")
             open = false;
-        Point3 p{};
-        if (std::sscanf(line.c_str(), "glTranslated( %lf, %lf, %lf", &p.x, &p.y, &p.z) == 3) {
-            moved[0] += p.x;
-            moved[1] += p.y;
-            moved[2] += p.z;
-        } else if (std::sscanf(line.c_str(), "glRotated( %lf", &p.x) == 1) {
-            moved[3] += p.x;
+        double x = 0, y = 0, z = 0;
+        if (std::sscanf(line.c_str(), "glTranslated( %lf, %lf, %lf", &x, &y, &z) == 3) {
+            moved[0] += x;
+            moved[1] += y;
+            moved[2] += z;
+        } else if (std::sscanf(line.c_str(), "glRotated( %lf", &x) == 1) {
+            moved[3] += x;
         }
     }
     if (converted.error || converted.output.empty())
@@ -71,45 +61,6 @@ void check_every_output(const Converted &converted)
 }
 
 } // namespace
-
-Design &Design::line(const std::string &text)
-{
-    text_ += text + "\r\n";
-    return *this;
-}
-
-Design &Design::object(int type, const std::string &name)
-{
-    line('A' + std::to_string(type));
-    return name.empty() ? *this : line('B' + name);
-}
-
-Design &Design::params(std::initializer_list<std::pair<int, double>> cells)
-{
-    for (const auto &[cell, value] : cells)
-        line('P' + two_digits(cell) + text_of(general(value)));
-    return *this;
-}
-
-Design &Design::textured(int first, int last, const std::string &name)
-{
-    for (int slot = first; slot <= last; ++slot)
-        line('K' + two_digits(slot) + 'Y').line('F' + two_digits(slot) + name);
-    return *this;
-}
-
-Design &Design::point(int number, int x, int y, const std::string &code, const std::string &attribute)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, "Q%03d%4d%4d%-2s%-4s", number, x, y, code.c_str(), attribute.c_str());
-    return line(text);
-}
-
-Design &Design::at(double x, double y, double angle)
-{
-    line('C' + text_of(general(x))).line('D' + text_of(general(y)));
-    return params({{61, angle}});
-}
 
 Given given(int version, const std::string &design)
 {
@@ -127,12 +78,14 @@ std::vector<std::string> Converted::lines() const
     return found;
 }
 
-std::vector<std::string> Converted::body() const
+std::string Converted::body() const
 {
-    constexpr int header = 5 + 2, footer = 4;
+    constexpr std::size_t header = 5 + 2, footer = 4;
     const std::vector<std::string> all = lines();
-    return all.size() < header + footer ? std::vector<std::string>()
-                                        : std::vector<std::string>(all.begin() + header, all.end() - footer);
+    std::string text;
+    for (std::size_t i = header; i + footer < all.size(); ++i)
+        text += (text.empty() ? "" : "/") + all[i];
+    return text;
 }
 
 std::string colour_table(int lines)
@@ -181,29 +134,6 @@ Converted convert(const Given &given)
 {
     MemoryFiles memory = files_of(given);
     return convert(memory);
-}
-
-Converted convert(const Design &design)
-{
-    return convert(given(design.version(), design.text()));
-}
-
-std::vector<Polygon> polygons(const Converted &converted)
-{
-    std::vector<Polygon> found;
-    bool open = false;
-    for (const std::string &line : converted.lines()) {
-        Point3 p{};
-        if (line == "glBegin( GL_POLYGON );") {
-            found.emplace_back();
-            open = true;
-        } else if (line == "glEnd();") {
-            open = false;
-        } else if (open && reads_vertex(line, p)) {
-            found.back().push_back(p);
-        }
-    }
-    return found;
 }
 
 } // namespace marlogl
