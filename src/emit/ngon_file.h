@@ -1,6 +1,6 @@
-// The temporary point file: the corners of an n-gon on their way from a drawing function to the polygon's lines.
-// It is part of what a conversion leaves behind: an n-gon that is not drawn, for it has no texture or too many
-// corners, stays on the disk for its author to look at. All the rest happens in memory.
+// The temporary point file: the corners of an n-gon on their way from a drawing function to the polygon's
+// lines. It is part of what a conversion leaves behind: an n-gon that is not drawn, for it has no texture or
+// too many corners, stays on the disk for its author to look at. All the rest happens in memory.
 #pragma once
 
 #include "design/table.h"
@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace marlogl {
@@ -30,7 +31,7 @@ class NgonFile {
   public:
     static constexpr Range corners{1, 20};
 
-    NgonFile(FileSystem &files, const std::string &path) : files_(files), path_(path) {}
+    NgonFile(FileSystem &files, std::string path) : files_(files), path_(std::move(path)) {}
     NgonFile(const NgonFile &) = delete;
     NgonFile &operator=(const NgonFile &) = delete;
     /// Unless it was settled, a conversion has failed: settles it as far as that can be done.

@@ -43,7 +43,7 @@ std::string_view LineReader::read_line(std::size_t most)
     const void *line_end = std::memchr(line, '\n', end_ - next_);
     if (line_end == nullptr)
         return read_long_line(most);
-    std::size_t length = static_cast<std::size_t>(static_cast<const char *>(line_end) - line);
+    auto length = static_cast<std::size_t>(static_cast<const char *>(line_end) - line);
     next_ += length + 1;
     if (length > 0 && line[length - 1] == '\r')
         --length;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <filesystem>
+#include <utility>
 
 namespace marlogl {
 
@@ -27,7 +28,7 @@ class MemoryInput : public InputFile {
 
 class MemoryOutput : public OutputFile {
   public:
-    MemoryOutput(MemoryFiles &files, const std::string &path) : files_(files), path_(path) {}
+    MemoryOutput(MemoryFiles &files, std::string path) : files_(files), path_(std::move(path)) {}
 
     void write(std::string_view text) override { files_.files[path_] += text; }
     void close() override {}

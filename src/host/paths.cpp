@@ -16,7 +16,8 @@ constexpr char separator = static_cast<char>(std::filesystem::path::preferred_se
 
 bool is_separator(char c)
 {
-    return c == '/' || c == separator;
+    return c == '/' ||
+           c == separator; // NOLINT(misc-redundant-expression): one on some systems, two on others
 }
 
 // The names in `folder` that `name` may mean: itself, then those that differ in case only, in byte order.
@@ -98,7 +99,7 @@ std::string native_path(std::string_view path)
 
 std::string find_file(FileSystem &files, const std::string &path, const std::string &folder)
 {
-    const std::string exact = folder + path;
+    std::string exact = folder + path;
     if (exact.empty() || files.exists(exact))
         return exact;
     std::string found = Search(files).find(folder, path);

@@ -3,6 +3,7 @@
 #include "generators/figures.h"
 #include "generators/generators.h"
 
+#include <numeric>
 #include <vector>
 
 namespace marlogl {
@@ -104,9 +105,8 @@ void draw_ring_lights(Pen &pen, const Cylinder &cylinder)
     constexpr int unlit_count = 9;
     if (cylinder.ring.count == unlit_count)
         return;
-    std::vector<int> points;
-    for (int i = 0; i < cylinder.ring.count; ++i)
-        points.push_back(cylinder.ring2 + i);
+    std::vector<int> points(static_cast<std::size_t>(cylinder.ring.count));
+    std::iota(points.begin(), points.end(), cylinder.ring2);
     draw_lights(pen, points);
 }
 
