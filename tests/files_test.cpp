@@ -2,7 +2,6 @@
 #include "host/lines.h"
 #include "host/memory_files.h"
 #include "host/paths.h"
-#include "host/system.h"
 #include "run/configuration.h"
 #include "support/cases.h"
 
@@ -10,7 +9,6 @@
 #include <fstream>
 #include <sstream>
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 
 namespace marlogl {
@@ -165,22 +163,6 @@ TEST_F(OperatingSystem, HoldsFiles)
               "input/output: cannot create " + quoted_path(folder) + is_folder);
     EXPECT_EQ(error_of([&] { LineReader reader(files, folder); }),
               "input/output: cannot read " + quoted_path(folder) + is_folder);
-}
-
-TEST_F(OperatingSystem, CutsAFileAfterTheLastWholeLineThatItTakes)
-{
-    prepare_process();
-    const auto output = files.create(path("full"));
-    output->write("first line\r\n");
-    rlimit limit;
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlim_t unlimited = std::exchange(limit.rlim_cur, 20);
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const std::string error = error_of([&] { output->write("2\r\n3\r\nfourth line\r\n5\r\n"); });
-    limit.rlim_cur = unlimited;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(error, "input/output: cannot write " + quoted_path(path("full")) + ": File too large");
-    EXPECT_EQ(get("full"), "first line\r\n2\r\n3\r\n");
 }
 
 // The program itself: copied, so that nothing but the test's own files lies beside it.

@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
+#include <sstream>
 #include <thread>
 
 namespace marlogl {
@@ -77,6 +79,36 @@ TEST(Golden, ScenesConvertToTheOutputsBesideThem)
         const std::string content = content_of(expected);
         EXPECT_TRUE(content == written) << expected.string() << ", " << first_difference(content, written);
     }
+}
+
+// A number that hardly two texts share.
+std::uint64_t checksum(const std::string &text)
+{
+    std::uint64_t sum = 14695981039346656037u;
+    for (const char c : text)
+        sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211u;
+    return sum;
+}
+
+TEST(Golden, ExamplesAndScenesOfTheManualConvertAsEver)
+{
+    const fs::path tests = fs::path(__FILE__).parent_path(), sums = tests / "golden/checksums";
+    std::ostringstream found;
+    for (const char *folder : {"examples/hamlet", "examples/village", "docs/gallery"}) {
+        std::set<fs::path> scenes;
+        for (const fs::directory_entry &entry : fs::directory_iterator(tests / ".." / folder))
+            if (entry.path().extension() == ".mr2" || entry.path().extension() == ".mrl")
+                scenes.insert(entry.path());
+        for (const fs::path &scene : scenes) {
+            const Converted converted = convert({.design_path = "scene" + scene.extension().string(),
+                                                 .design = content_of(scene),
+                                                 .colour_table = colour_table(61)});
+            found << std::hex << checksum(converted.output) << ' ' << scene.filename().string() << '\n';
+        }
+    }
+    if (std::getenv("MARLOGL_REWRITE_GOLDEN") != nullptr)
+        std::ofstream(sums, std::ios::binary) << found.str();
+    EXPECT_EQ(found.str(), content_of(sums));
 }
 
 TEST(Golden, ScenesConvertBesideEachOther)

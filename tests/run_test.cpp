@@ -1,5 +1,4 @@
 // Whole runs: what is found and made, what frames and places the objects, and what a run leaves behind.
-#include "dispatch/dispatch.h"
 #include "run/configuration.h"
 #include "run/convert.h"
 #include "support/cases.h"
@@ -102,48 +101,21 @@ TEST(Run, AnnouncesObjectsThatHaveAType)
               framed("0.3048", objects).size() + 4);
 }
 
-TEST(Run, ChoosesTheGeneratorByType)
-{
-    const std::string kinds[] = {
-        "1:gabled house 2:beam 3:two-sided extruded polygon 4:extruded polygon 5:profiled-roof house "
-        "6:guyed mast 7:tower 9:pole with pennant 11:structure with antennas 12:capped cylinder 13:hip roof "
-        "14:cone 15:sphere with basket 16:sign board 17:roads 19:tree 20:fence 21:fence 22:wheel 23:fence ",
-        "2:digital clock 4:sign board 5:two-sided extruded polygon 6:structure with antennas "
-        "7:capped cylinder 9:hip roof 11:cone 12:sphere with basket 13:flag 18:extruded polygon 19:wheel "
-        "20:fence 21:roads 22:tower 23:gabled house "};
-    for (const int version : {1, 2}) {
-        std::string found;
-        for (int type = -99; type <= 99; ++type)
-            if (const Kind *kind = find_kind(version, type))
-                found += std::to_string(type) + ':' + std::string(kind->name) + ' ';
-        EXPECT_EQ(found, kinds[version - 1]);
-    }
-}
-
 TEST(Run, DrawsAnInstanceAtItsOwnPlace)
 {
-    using Lines = std::vector<std::string>;
     const auto drawn = [](const std::string &reference) {
-        return convert(given(2, "A11\nBCone\nP01 8\nP02 9\nK02Y\nF02tile\nC50\nP61 70\nA3\nC1\nP61 3\nK30" +
-                                    reference))
-            .lines();
+        const std::string text = convert(given(1, "A9\nC50\nA8\nC1\nP61 3\nK30" + reference + "\nA0")).output;
+        const std::size_t turned = text.rfind("glRotated( -3 "), back = text.rfind("glRotated( 3 ");
+        return text.substr(turned, back - turned).find("192, 192, 192") != text.npos;
     };
-    constexpr int triangle = 12;
-    const Lines plain = drawn("  "), copied = drawn("01");
-    const auto cone = std::find(plain.begin(), plain.end(), "glRotated( -70,0 ,0 , 1 );") + 1;
-    const auto place = std::find(plain.begin(), plain.end(), "glRotated( -3,0 ,0 , 1 );") + 1;
-    Lines expected(plain.begin(), place);
-    expected.insert(expected.end(), cone, cone + triangle);
-    expected.insert(expected.end(), place, plain.end());
-    EXPECT_EQ(copied, expected);
-    for (const std::string same : {"1", " 1", "1."})
-        EXPECT_EQ(drawn(same), copied) << same;
-    for (const std::string other : {"00", ".9", "02", "03", "70", "71", "-1", "x1"})
-        EXPECT_EQ(drawn(other), plain) << other;
-    std::string last = "A9\n", between;
+    for (const std::string pole : {"01", "1", " 1", "1."})
+        EXPECT_TRUE(drawn(pole)) << pole;
+    for (const std::string nothing : {"  ", "00", ".9", "02", "03", "70", "71", "-1", "x1"})
+        EXPECT_FALSE(drawn(nothing)) << nothing;
+    std::string between;
     for (int k = 2; k <= 69; ++k)
         between += "A0\n";
-    EXPECT_NE(convert(given(1, "A8\nK3070\n" + between + last)).body().find("glColor3ub( 192"),
+    EXPECT_NE(convert(given(1, "A8\nK3070\n" + between + "A9")).body().find("glColor3ub( 192"),
               std::string::npos);
 }
 
@@ -203,28 +175,6 @@ TEST(Run, LeavesTheTemporaryPointFileOfItsLastPolygonUnlessItWasRead)
     expect_left(prism("Y", "Y", "21"), many + "   20  1 2\r\n",
                 "corner of the polygon 21 is outside 1 to 20");
     expect_left("A19\nP11 131\n", wheel, "point 181 is outside 0 to 180");
-}
-
-TEST(Run, KeepsItsStateBetweenObjectsButNotBetweenRuns)
-{
-    // A flag has no sides of its own; a cylinder ends with its inside.
-    const std::string flag = "A13\nP01 4\nP02 4\nK01Y\nF01flag\n", cylinder = "A7\nP02 1\n";
-    const std::string broken = cylinder + "P31 1\nP04 1e5"; // stops while it copies its points
-    const std::string wide = "A13\nP01 1e5";                // has no room in such a copy
-    const auto colour_of = [](const std::string &design) {
-        const Converted converted = convert(given(2, design));
-        for (const std::string &line : converted.lines())
-            if (line.starts_with("glColor"))
-                return line;
-        return std::string();
-    };
-    for (int time = 0; time < 2; ++time) {
-        EXPECT_EQ(colour_of(flag), "glColor3ub(200, 100, 050 ); ");
-        EXPECT_EQ(colour_of(cylinder + flag), "glColor3ub( 050, 100, 200 ); ");
-        EXPECT_STREQ(convert(given(2, broken)).error->what(),
-                     "object 1 \"\" (type 7, capped cylinder): coordinate 50000 is outside -32768 to 32767");
-        EXPECT_FALSE(convert(given(2, wide)).error);
-    }
 }
 
 // Files in memory of which one operation fails, whichever it is.

@@ -6,8 +6,8 @@
 #include "host/memory_files.h"
 #include "run/configuration.h"
 #include "run/convert.h"
+#include "support/rules.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -90,51 +90,6 @@ Result converted(const Files &inputs)
     return result;
 }
 
-bool is_plain(char c)
-{
-    return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == ',' || c == ' ' || c == 'f' || c == ')' ||
-           c == ';';
-}
-
-// The statements whose arguments are numbers. All others may hold texts of the design file.
-void check_numbers(std::string_view line)
-{
-    for (const std::string_view statement :
-         {"      glVertex3d(", "      glTexCoord2f(", "      glNormal3d(", "glTranslated(", "glRotated("}) {
-        if (!line.starts_with(statement))
-            continue;
-        const std::string_view arguments = line.substr(statement.size());
-        check(std::all_of(arguments.begin(), arguments.end(), is_plain), "numbers are plain", line);
-        for (std::size_t at = arguments.find('-'); at != arguments.npos; at = arguments.find('-', at + 1))
-            check(arguments.find_first_of("123456789", at) < arguments.find_first_of(",)", at),
-                  "zero has no sign", line);
-        return;
-    }
-}
-
-void check_output(std::string_view output, bool done)
-{
-    bool open = false;
-    for (std::string_view rest = output; !rest.empty();) {
-        const std::size_t end = rest.find('\n');
-        check(end != rest.npos && end > 0 && rest[end - 1] == '\r', "lines end in CR LF",
-              rest.substr(0, end));
-        const std::string_view line = rest.substr(0, end - 1);
-        rest.remove_prefix(end + 1);
-        check_numbers(line);
-        if (line.starts_with("glBegin(")) {
-            check(!open, "no block begins inside another", line);
-            open = true;
-        } else if (line == "glEnd();") {
-            open = false;
-        }
-    }
-    const std::string_view footer = "glPopMatrix();\r\nglMatrixMode( GL_TEXTURE );\r\nglLoadIdentity();\r\n"
-                                    "glMatrixMode( GL_MODELVIEW );\r\n";
-    check(!done || !open, "every block ends");
-    check(output.ends_with(footer) == done, "the footer stands at the end of a run that is done");
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
@@ -146,6 +101,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         check(first.files.at(path) == content, "inputs stay as they are", path);
     for (const auto &[path, content] : first.files)
         if (!inputs.contains(path) && !path.ends_with("tempofil.%%%"))
-            check_output(content, first.error.empty() && !content.empty());
+            if (const std::string broken = broken_rule(content, first.error.empty() && !content.empty());
+                !broken.empty())
+                check(false, broken);
     return 0;
 }

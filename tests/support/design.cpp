@@ -3,64 +3,13 @@
 #include "run/configuration.h"
 #include "run/convert.h"
 #include "support/cases.h"
+#include "support/rules.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
 namespace marlogl {
-
-namespace {
-
-// Names may hold anything; only the statements are looked at.
-bool is_statement(const std::string &line)
-{
-    return !line.starts_with("//") && !line.starts_with("BindTexture");
-}
-
-bool holds_bad_number(std::string_view line)
-{
-    for (std::size_t sign = line.find("-0"); sign != line.npos; sign = line.find("-0", sign + 1)) {
-        const std::size_t end = line.find_first_not_of("0.f", sign + 1);
-        if (end == line.npos || line[end] == ' ' || line[end] == ',')
-            return true;
-    }
-    return line.find("nan") != line.npos || line.find("inf") != line.npos;
-}
-
-void check_every_output(const Converted &converted)
-{
-    bool open = false;
-    double moved[4] = {};
-    EXPECT_TRUE(converted.output.empty() || converted.output.ends_with("\r\n"));
-    for (const std::string &line : converted.lines()) {
-        EXPECT_EQ(line.find('\n'), line.npos) << line;
-        if (!is_statement(line))
-            continue;
-        EXPECT_FALSE(holds_bad_number(line)) << line;
-        if (line.starts_with("glBegin(")) {
-            EXPECT_FALSE(open) << "a begin inside a block";
-            open = true;
-        }
-        if (line == "glEnd();")
-            open = false;
-        double x = 0, y = 0, z = 0;
-        if (std::sscanf(line.c_str(), "glTranslated( %lf, %lf, %lf", &x, &y, &z) == 3) {
-            moved[0] += x;
-            moved[1] += y;
-            moved[2] += z;
-        } else if (std::sscanf(line.c_str(), "glRotated( %lf", &x) == 1) {
-            moved[3] += x;
-        }
-    }
-    if (converted.error || converted.output.empty())
-        return;
-    EXPECT_FALSE(open) << "a block without an end";
-    for (const double sum : moved)
-        EXPECT_EQ(sum, 0) << "a placement that is not undone";
-}
-
-} // namespace
 
 Given given(int version, const std::string &design)
 {
@@ -115,7 +64,8 @@ Converted convert(MemoryFiles &memory)
     converted.has_output = output.has_value();
     converted.output = output.value_or("");
     converted.point_file = content("program/tempofil.%%%");
-    check_every_output(converted);
+    const bool done = !converted.error && !converted.output.empty();
+    EXPECT_EQ(broken_rule(converted.output, done), "");
     return converted;
 }
 

@@ -38,8 +38,7 @@ struct Converted {
     std::string body() const;
 };
 
-/// Converts, and checks what holds for every input: lines end in CR LF, no number is
-/// negative zero, nan or inf, a begin is ended before the next, and every placement is undone.
+/// Converts, and checks that the output breaks no rule.
 Converted convert(const Given &given);
 Converted convert(MemoryFiles &files);
 
