@@ -104,36 +104,17 @@ TEST(Reader, KnowsTheTypesThatStorePointsWith5000AndThoseThatDontCountThem)
         }
 }
 
-TEST(Reader, StopsAtTheObjectAfterThe70th)
+TEST(Reader, ConvertsTheAntennasOfStructuresBeforeVersion12)
 {
-    std::string lines, expected;
-    for (int k = 1; k <= 70; ++k) {
-        lines += "A8\n";
-        expected += (k == 1 ? "" : " ") + std::to_string(k) + ":type=8";
-    }
-    for (const int version : {1, 2}) {
-        EXPECT_EQ(read(version, lines), expected);
-        EXPECT_EQ(read(version, lines + "Blast\nA9\nBother\nP61 9\nP99"), expected + " 70:name=[last]");
-    }
-}
-
-TEST(Reader, ConvertsTheAntennasOfOldStructures)
-{
-    const std::string structure =
-        "A11\nP36 9\nP37 9\nP38 1\nP39 2\nP40 2.5\nP41-3.5\nP42 5\nP43 6\nP44 7\nP45 8\nP47 1";
-    const std::string as_it_is =
-        "1:type=11 1:P36=9 1:P37=9 1:P38=1 1:P39=2 1:P40=2.5 1:P41=-3.5 1:P42=5 1:P43=6 "
-        "1:P44=7 1:P45=8 1:P47=1";
-    const std::string converted =
-        "1:type=11 1:P37=9 1:P40=2.5 1:P41=-3.5 1:P42=5 1:P43=6 1:P44=7 1:P45=8 1:P47=1 "
-        "1:Q51=(1,5)[  ][    ] 1:Q52=(2,6)[  ][    ] 1:Q53=(2,7)[  ][    ] "
-        "1:Q54=(-4,8)[  ][    ]";
+    const std::string structure = "A11\nP36 9\nP37 9\nP41-3.5\nP45 8\nP47 1",
+                      cells = " 1:P41=-3.5 1:P45=8 1:P47=1";
+    const std::string converted = "1:type=11 1:P37=9" + cells + " 1:Q54=(-4,8)[  ][    ]";
+    const std::string as_it_is = "1:type=11 1:P36=9 1:P37=9" + cells;
     for (const std::string version : {"", "V1.1\n", "V1.2\nV 1.19\n", "Vx\n"})
         EXPECT_EQ(read(1, version + structure), converted) << version;
     for (const std::string version : {"V1.2\n", "V2\n", "V1.1\nV1.2\n"})
         EXPECT_EQ(read(1, version + structure), as_it_is) << version;
     EXPECT_EQ(read(2, structure), as_it_is);
-    EXPECT_EQ(read(1, "A12\nP38 1"), "1:type=12 1:P38=1");
 }
 
 } // namespace

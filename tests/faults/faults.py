@@ -367,21 +367,6 @@ def odd_inputs():
         trial(f"200 MB of {path} after {text[:9]!r}", "many fences", set_up, other_input=text != TABLE)
 
 
-def other_answers():
-    with Folder(SCENES["failing"]) as folder:
-        reader, writer = os.pipe()
-        os.close(reader)
-        for argument in ("--help", "--version"):
-            for name, out in (("full", os.open("/dev/full", os.O_WRONLY)), ("without a reader", writer)):
-                status, said = folder.run(arguments=[argument], stdout=out)
-                if status != 1 or "standard output" not in said:
-                    yield f"{argument} into what is {name}: {status} {said}"
-        for arguments in (["x"], ["--help", "x"], [""]):
-            status, said = folder.run(arguments=arguments)
-            if status != 2 or said.count("\n") != 1:
-                yield f"{arguments}: {status} {said}"
-
-
 def do(number):
     name, job = JOBS[number]
     try:
@@ -398,7 +383,6 @@ def main():
         print("skipped: failing system calls (strace does not work)")
     for add in (limits, closed_descriptors, wrong_files, permissions, small_file_systems, odd_inputs):
         add()
-    JOBS.append(("other answers", other_answers))
     start = time.monotonic()
     with multiprocessing.get_context("fork").Pool(2) as pool:
         found = [text for texts in pool.imap_unordered(do, range(len(JOBS)), 4) for text in texts]
