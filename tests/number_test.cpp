@@ -6,6 +6,7 @@
 #include "support/cases.h"
 
 #include <limits>
+#include <random>
 
 namespace marlogl {
 
@@ -89,11 +90,28 @@ TEST(Text, HoldsExactlyItsWidth)
     EXPECT_FALSE(Text<2>("7") == " 7");
 }
 
+TEST(Number, OfAPlainFieldIsTheOneOfItsText)
+{
+    constexpr std::string_view likely = "    0123456789", all = " 0123456789-+.eE\t!/:0x\xB0\xA0";
+    std::mt19937 random(4);
+    int plain_ones = 0;
+    for (int i = 0; i < 200000; ++i) {
+        std::string field;
+        for (const std::string_view characters = i % 3 == 0 ? all : likely; field.size() < 4;)
+            field += characters[random() % characters.size()];
+        const std::size_t digit = std::min(field.find_first_not_of(' '), field.size());
+        const bool plain = field.find_first_not_of("0123456789", digit) == field.npos;
+        plain_ones += plain;
+        ASSERT_EQ(plain_number(field.data()), plain ? numeric_value(field) : -1) << quoted(field);
+    }
+    EXPECT_GT(plain_ones, 10000);
+}
+
 TEST(Table, TakesTheIndexesOfItsRangesOnly)
 {
-    Table<int, Range{1, 20}> table("row", 7);
+    Table<int, Range{1, 20}> table("row");
     for (int row = 1; row <= 20; ++row)
-        table(row) += row;
+        table(row) += 7 + row;
     for_each_case("0.51=1|1.5=2|2.5=2|20.5=20|0.5=0|20.51=0|-1=0|1e300=0|-inf=0|nan=0",
                   [&](const std::string &text, const std::string &row) {
                       const double index = std::stod(text);

@@ -14,6 +14,25 @@ namespace marlogl {
 /// give 0. Errors: overflow when the number is too large for a double.
 double numeric_value(std::string_view text);
 
+/// The number of a field of four characters that holds blanks and then digits, as nearly all fields of points
+/// do; -1 for every other field, also for one that holds a sign.
+inline int plain_number(const char *field)
+{
+    // Each character is a byte of `word`. Digits are 0x30 to 0x39, and a blank is 0x20: the bits that tell
+    // them apart mark the blanks, which must come first.
+    std::uint32_t word = 0; // the first character in the lowest byte
+    for (int i = 3; i >= 0; --i)
+        word = word << 8 | static_cast<unsigned char>(field[i]);
+    const std::uint32_t blanks = (~word & 0x10101010) >> 4, digits = (word | 0x10101010) - 0x30303030;
+    const bool blanks_first = (blanks & ~(blanks << 8 | 1)) == 0;
+    const bool all_plain =
+        (((digits + 0x76767676) | digits) & 0x80808080) == 0 && (digits & (blanks * 15)) == 0;
+    if (!blanks_first || !all_plain)
+        return -1;
+    const std::uint32_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF;
+    return static_cast<int>((pairs & 0xFF) * 100 + (pairs >> 16));
+}
+
 /// `x` rounded to a whole number, halves to the even one.
 inline double round_half_even(double x)
 {

@@ -1,6 +1,7 @@
 #include "design/records.h"
 
 #include <algorithm>
+#include <array>
 
 namespace marlogl {
 
@@ -44,6 +45,7 @@ void open_next_object(Reading &reading, Line line)
         return;
     reading.object = &objects.emplace_back();
     reading.object->type = whole_16(numeric_value(columns(line, 2)), "type");
+    reading.shifted = reading.rules.shifts(reading.object->type);
 }
 
 // The rest of the line goes to a text of the object.
@@ -91,25 +93,39 @@ void read_colour_flag(Reading &, Line line)
     place_in(face_slots, slot_of(line), "colour flag slot");
 }
 
-std::int16_t coordinate(Line field, bool shifted)
+std::int16_t coordinate(Line line, std::size_t first, bool shifted)
 {
-    const std::int16_t stored = whole_16(numeric_value(field), "coordinate");
+    if (line.size() >= first + 3)
+        if (const int plain = plain_number(line.data() + first - 1); plain >= 0)
+            return static_cast<std::int16_t>(shifted ? plain - 5000 : plain);
+    const std::int16_t stored = whole_16(numeric_value(columns(line, first, first + 3)), "coordinate");
     return shifted ? whole_16(stored - 5000, "coordinate (less 5000)") : stored;
+}
+
+// The number of a point, as a whole one.
+double point_number(Line line)
+{
+    // With the key, which a blank replaces, the three characters of the number are four.
+    if (line.size() >= 4) {
+        const char field[] = {' ', line[1], line[2], line[3]};
+        if (const int plain = plain_number(field); plain >= 0)
+            return plain;
+    }
+    return round_half_even(numeric_value(columns(line, 2, 4)));
 }
 
 void store_point(Reading &reading, Line line)
 {
     Object &object = *reading.object;
-    const double number = round_half_even(numeric_value(columns(line, 2, 4)));
+    const double number = point_number(line);
     if (reading.rules.skips_points_beyond_table && number > point_numbers.last)
         return;
     if (object.type != reading.rules.uncounted_type)
         ++object.parameters(point_count_cell);
-    const bool shifted = reading.rules.shifts(object.type);
-    const std::int16_t x = coordinate(columns(line, 5, 8), shifted);
+    const std::int16_t x = coordinate(line, 5, reading.shifted);
     Point &point = object.points(number);
     point.x = x;
-    point.y = coordinate(columns(line, 9, 12), shifted);
+    point.y = coordinate(line, 9, reading.shifted);
     point.code = columns(line, 13, 14);
     point.attribute = columns(line, 15, 18);
 }
@@ -170,10 +186,21 @@ bool PointRules::shifts(int type) const
 
 const Record *find_record(Line line)
 {
+    // The first row for each character; of the rows behind it only those with the same one can be meant.
+    static constexpr auto first_rows = [] {
+        std::array<std::uint8_t, 256> rows{};
+        for (std::size_t row = std::size(records); row-- > 0;)
+            rows[static_cast<unsigned char>(records[row].key[0])] = static_cast<std::uint8_t>(row + 1);
+        return rows;
+    }();
     if (line.empty())
         return nullptr;
-    for (const Record &record : records)
-        // The first character alone sorts out nearly all rows.
+    const std::size_t first = first_rows[static_cast<unsigned char>(line[0])];
+    if (first == 0)
+        return nullptr;
+    if (const Record &record = records[first - 1]; record.key.size() == 1)
+        return &record;
+    for (const Record &record : std::span(records).subspan(first - 1))
         if (record.key[0] == line[0] && line.starts_with(record.key))
             return &record;
     return nullptr;

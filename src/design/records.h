@@ -28,6 +28,7 @@ struct Reading {
     /// Nothing of the scene record is ever drawn; it only has to take what stands before the first object.
     Object scene_record = {};
     Object *object = &scene_record; ///< the object that the records belong to
+    bool shifted = false;           ///< whether that object's points stand in the file with 5000 added
     double file_version = 0;        ///< times ten
     bool ended = false;             ///< an object too many ends the reading
 };

@@ -21,6 +21,12 @@ struct Point {
     Text<4> attribute = {}; ///< four marks, whose meaning belongs to the kind
 };
 
+/// Two characters, then red, green and blue in three characters each; white unless said otherwise.
+struct ColourText : Text<11> {
+    constexpr ColourText() : Text<11>("00255255255") {}
+    using Text<11>::operator=;
+};
+
 struct Object {
     /// Type code; 0 means that there is no such object.
     std::int16_t type = 0;
@@ -32,8 +38,7 @@ struct Object {
     Table<double, cells> parameters{"parameter cell"};
     /// A face whose slot begins with "Y" is textured; slot 30 is the instance reference.
     Table<Text<2>, code_slots> codes{"code slot"};
-    /// Two characters, then red, green and blue in three characters each.
-    Table<Text<11>, face_slots> colours{"colour slot", "00255255255"};
+    Table<ColourText, face_slots> colours{"colour slot"};
     /// Free texts, among them the texture names of the faces.
     Table<std::string, face_slots> texts{"text slot"};
     Table<Point, point_numbers> points{"point"};

@@ -43,11 +43,8 @@ template <typename Index> std::size_t place_in(Range range, Index index, const c
 /// A table of T, addressed by any index that place_in takes. Errors of every access: index.
 template <typename T, Range Rows> class Table {
   public:
-    /// `name` says in messages what the index counts; `initial` is what every entry holds at first.
-    constexpr explicit Table(const char *name, const T &initial = T()) : name_(name)
-    {
-        entries_.fill(initial);
-    }
+    /// `name` says in messages what the index counts. Every entry is T() at first.
+    explicit Table(const char *name) : name_(name) {}
 
     template <typename Index> T &operator()(Index index) { return entries_[place_in(Rows, index, name_)]; }
     template <typename Index> const T &operator()(Index index) const
@@ -63,8 +60,21 @@ template <typename T, Range Rows> class Table {
     }
 
   private:
+    using Entries = std::array<T, static_cast<std::size_t>(Rows.size())>;
+
+    // Small values are copied from one block that the compiler has filled.
+    static Entries initial()
+    {
+        if constexpr (std::is_trivially_copyable_v<T> && sizeof(T) <= 16) {
+            static constinit const Entries block{};
+            return block;
+        } else {
+            return {};
+        }
+    }
+
     const char *name_;
-    std::array<T, static_cast<std::size_t>(Rows.size())> entries_{};
+    Entries entries_ = initial();
 };
 
 } // namespace marlogl

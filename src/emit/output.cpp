@@ -15,6 +15,7 @@ Output::~Output()
 void Output::flush()
 {
     const std::string_view lines = pending();
+    ++flushes_;
     next_ = buffer_.get(); // lines that are not taken now will never be
     if (!lines.empty())
         file_->write(lines);

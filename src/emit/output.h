@@ -46,6 +46,19 @@ template <typename... Parts> char *put_line(char *at, const Parts &...parts)
 
 } // namespace output
 
+/// Lines that are written often: text from the first time on, and copied then.
+template <std::size_t Capacity> class KeptLines {
+  public:
+    /// Lets the next time be the first one again.
+    void forget() { size_ = 0; }
+
+  private:
+    friend class Output;
+
+    std::uint16_t size_ = 0;
+    char text_[Capacity];
+};
+
 class Output {
   public:
     static constexpr std::size_t capacity = 128 * 1024;
@@ -64,7 +77,7 @@ class Output {
     {
         using namespace output;
         const std::size_t most = (most_characters(parts) + ... + 2);
-        if (most > static_cast<std::size_t>(buffer_.get() + capacity - next_)) [[unlikely]] {
+        if (most > room()) [[unlikely]] {
             if (most > capacity) {
                 std::string long_line(most, '\0');
                 write_long({long_line.data(), put_line(long_line.data(), parts...)});
@@ -75,6 +88,18 @@ class Output {
         next_ = put_line(next_, parts...);
     }
 
+    /// Appends the lines that `write` appends, which are the same ones until `kept` forgets them.
+    /// Errors: those of `write`.
+    template <std::size_t Capacity, typename Write> void lines(KeptLines<Capacity> &kept, Write write)
+    {
+        if (kept.size_ == 0 || room() < Capacity) [[unlikely]] {
+            keep(kept, write);
+            return;
+        }
+        std::memcpy(next_, kept.text_, Capacity); // more than there is, but as fast as can be
+        next_ += kept.size_;
+    }
+
     /// Writes what is still in the buffer and closes the file. Errors: input_output.
     void close();
 
@@ -83,13 +108,32 @@ class Output {
     {
         return {buffer_.get(), static_cast<std::size_t>(next_ - buffer_.get())};
     }
+    std::size_t room() const { return static_cast<std::size_t>(buffer_.get() + capacity - next_); }
     void flush();
+
+    // Lines that need more than the room made here, or than there is to keep them, are written each time.
+    template <std::size_t Capacity, typename Write> void keep(KeptLines<Capacity> &kept, Write write)
+    {
+        constexpr std::size_t usual_need = 4096;
+        if (room() < usual_need)
+            flush();
+        char *const start = next_;
+        const int flushes = flushes_;
+        write();
+        const std::size_t size = static_cast<std::size_t>(next_ - start);
+        if (flushes_ == flushes && size <= Capacity) {
+            std::memcpy(kept.text_, start, size);
+            kept.size_ = static_cast<std::uint16_t>(size);
+        }
+    }
+
     void write_long(std::string_view line);
 
     std::unique_ptr<OutputFile> file_;
     // Lines are built in place; between two calls it holds whole lines only.
     std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
     char *next_ = buffer_.get();
+    int flushes_ = 0;
 };
 
 } // namespace marlogl

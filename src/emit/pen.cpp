@@ -20,7 +20,7 @@ void Pen::record(double x, double y, double z)
 }
 
 // Empty when the face is not textured.
-std::string_view Pen::texture_of(double face) const
+std::string_view Pen::texture_of(int face) const
 {
     // The text comes first: its table has fewer slots, and bounds the face slots.
     const std::string &name = object.texts(face);
@@ -28,7 +28,7 @@ std::string_view Pen::texture_of(double face) const
 }
 
 // Writes the lines that bind the texture of a face; false when the face is not textured.
-bool Pen::bind(double face)
+bool Pen::bind(int face)
 {
     const std::string_view texture = texture_of(face);
     if (texture.empty())
@@ -38,24 +38,47 @@ bool Pen::bind(double face)
 }
 
 // Writes the lines that open the block of a textured face; false when the face is not textured.
-template <typename Number> bool Pen::begin(double face, Number p1, Number p2, Number p3)
+template <typename Number> bool Pen::begin(int face, Number p1, Number p2, Number p3)
 {
-    if (!bind(face))
+    const std::string_view texture = texture_of(face);
+    if (texture.empty())
         return false;
-    begin_polygon_line(out());
-    if (to.side == inside)
-        out().line("glColor3ub( ", to.configuration.colour_inside, " ); ");
-    else
-        out().line("glColor3ub(", to.configuration.colour_outside, " ); ");
+    const auto write = [&] {
+        bind_lines(out(), texture);
+        begin_polygon_line(out());
+        if (to.side == inside)
+            out().line("glColor3ub( ", to.configuration.colour_inside, " ); ");
+        else
+            out().line("glColor3ub(", to.configuration.colour_outside, " ); ");
+    };
+    if (face == last_face && to.side == last_side) {
+        out().lines(face_lines, write);
+    } else {
+        write();
+        face_lines.forget();
+        last_face = face;
+        last_side = to.side;
+    }
     normal(p1, p2, p3);
     return true;
 }
 
 // The texture line of a corner.
-void Pen::position(double slot)
+void Pen::position(int slot)
 {
+    const std::size_t place = place_in(point_numbers, slot, "point");
     const Point &at = object.points(slot);
-    texture_line(out(), at.x, at.y);
+    Drawing::PositionLine &last = to.position_lines[place];
+    const auto write = [&] { texture_line(out(), at.x, at.y); };
+    if (last.again && last.x == at.x && last.y == at.y) {
+        out().lines(last.line, write);
+    } else {
+        write();
+        last.again = true;
+        last.x = at.x;
+        last.y = at.y;
+        last.line.forget();
+    }
 }
 
 void Pen::triangle(FaceSlots slots, int p1, int p2, int p3)
@@ -70,7 +93,8 @@ void Pen::triangle(FaceSlots slots, int p1, int p2, int p3)
     end_line(out());
 }
 
-void Pen::triangle(double face, const std::array<double, 3> &points, const std::array<double, 3> &positions)
+template <typename Number>
+void Pen::triangle(int face, const std::array<Number, 3> &points, const std::array<int, 3> &positions)
 {
     if (!begin(face, points[0], points[1], points[2]))
         return;
@@ -93,6 +117,8 @@ template <typename Number> void Pen::quad(FaceSlots slots, const std::array<Numb
     end_line(out());
 }
 
+template void Pen::triangle(int, const std::array<int, 3> &, const std::array<int, 3> &);
+template void Pen::triangle(int, const std::array<double, 3> &, const std::array<int, 3> &);
 template void Pen::quad(FaceSlots, const std::array<int, 4> &);
 template void Pen::quad(FaceSlots, const std::array<double, 4> &);
 

@@ -28,6 +28,14 @@ struct Drawing {
     Side side = outside;
     std::optional<ColourTable> colour_table = {}; // once it was read
 
+    /// The texture lines that were written last, by position slot.
+    struct PositionLine {
+        std::int16_t x = 0, y = 0;
+        bool again = false; // a line that is written once is not worth keeping
+        KeptLines<64> line = {};
+    };
+    std::array<PositionLine, static_cast<std::size_t>(point_numbers.size())> position_lines = {};
+
     /// The colour table, which the first call reads. Errors: those of read_colour_table.
     const ColourTable &colours();
 };
@@ -47,6 +55,11 @@ struct Pen {
     int number;
     /// Whether recorded coordinates must lie within 16 bits: so it is with objects that can carry lights.
     bool short_coordinates = false;
+    /// The lines before the normal of the last textured face, for a run of faces in the same slot and on one
+    /// side.
+    KeptLines<192> face_lines = {};
+    int last_face = -1;
+    Side last_side = outside;
 
     Output &out() { return to.out; }
     double cell(double n) const { return object.parameters(n); }
@@ -64,8 +77,7 @@ struct Pen {
     /// The vertex line of a recorded point. Errors: index.
     template <typename Number> void vertex(Number point)
     {
-        const Vertex &v = to.vertices(point);
-        vertex_line(out(), v.x, v.y, v.z);
+        to.vertices.line(out(), point, [](Output &out, const Vertex &v) { vertex_line(out, v.x, v.y, v.z); });
     }
 
     /// Whether a face slot is textured. Errors: index.
@@ -82,7 +94,8 @@ struct Pen {
     void triangle(FaceSlots slots, int p1, int p2, int p3);
 
     /// A triangle whose corners name the slots of their positions.
-    void triangle(double face, const std::array<double, 3> &points, const std::array<double, 3> &positions);
+    template <typename Number>
+    void triangle(int face, const std::array<Number, 3> &points, const std::array<int, 3> &positions);
 
     /// Texture positions of the corners: slots positions + 3, + 2, + 1, + 0.
     template <typename Number> void quad(FaceSlots slots, const std::array<Number, 4> &points);
@@ -110,10 +123,10 @@ struct Pen {
 
   private:
     void normal(const Vertex &a, const Vertex &b, const Vertex &c);
-    std::string_view texture_of(double face) const;
-    bool bind(double face);
-    template <typename Number> bool begin(double face, Number p1, Number p2, Number p3);
-    void position(double slot);
+    std::string_view texture_of(int face) const;
+    bool bind(int face);
+    template <typename Number> bool begin(int face, Number p1, Number p2, Number p3);
+    void position(int slot);
 };
 
 } // namespace marlogl

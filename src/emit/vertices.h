@@ -2,6 +2,7 @@
 #pragma once
 
 #include "design/table.h"
+#include "emit/output.h"
 
 namespace marlogl {
 
@@ -19,11 +20,23 @@ class Vertices {
     int count() const { return count_; }
 
     /// Takes the next row for a point as it is. Errors: index for more than 300 points.
-    void append(const Vertex &point) { rows_(++count_) = point; }
+    void append(const Vertex &point)
+    {
+        Row &row = rows_(++count_);
+        row.at = point;
+        row.line.forget();
+    }
 
     /// Errors: index when `point` is outside -1 to 299 (rounded after 1 was added: halves go to the even
     /// row). Point -1 is row 0, which is never recorded and lies at the origin.
-    template <typename Number> const Vertex &operator()(Number point) const { return rows_(point + 1); }
+    template <typename Number> const Vertex &operator()(Number point) const { return rows_(point + 1).at; }
+
+    /// Appends the vertex line of a point, which `write` appends. Errors: index, those of `write`.
+    template <typename Number, typename Write> void line(Output &out, Number point, Write write)
+    {
+        Row &row = rows_(point + 1);
+        out.lines(row.line, [&] { write(out, row.at); });
+    }
 
     /// Whether the way from point i by j to k, seen in the x-y or the x-z plane, turns clockwise or not at
     /// all. A number that names no row makes the differences that it takes part in 0.
@@ -33,11 +46,13 @@ class Vertices {
   private:
     Vertex difference(double from, double to) const;
 
-    Table<Vertex,
-          Range{
-              0, 300
-    }>
-        rows_{"vertex table row", {0, 0, 0}};
+    struct Row {
+        Vertex at{0, 0, 0};
+        KeptLines<64> line = {}; // a face or more at each corner writes it
+    };
+    static constexpr Range rows{0, 300};
+
+    Table<Row, rows> rows_{"vertex table row"};
     int count_ = 0;
 };
 

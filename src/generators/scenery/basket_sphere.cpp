@@ -93,11 +93,11 @@ void draw_basket(Pen &pen, Side side, const Basket &basket)
 }
 
 // Draws a triangle of a cap, whose texture positions stand in three slots from `position` on.
-void draw_cap_triangle(Pen &pen, Side side, int face, double position, double p1, double p2, double p3)
+void draw_cap_triangle(Pen &pen, Side side, int face, int position, int p1, int p2, int p3)
 {
     if (side == inside)
         std::swap(p1, p3);
-    pen.triangle(face, {p1, p2, p3}, {position, position + 1, position + 2});
+    pen.triangle<int>(face, {p1, p2, p3}, {position, position + 1, position + 2});
 }
 
 void draw_envelope(Pen &pen, Side side, int n, int bottom)

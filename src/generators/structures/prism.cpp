@@ -45,15 +45,15 @@ void Prism::draw_triangle_cap(const Cap &cap, std::string_view codes, bool oppos
         if (a == codes.npos || b == codes.npos || c == codes.npos)
             continue;
         // Corners from 0 on.
-        std::array<double, 3> corners{static_cast<double>(a), static_cast<double>(b), static_cast<double>(c)};
-        const bool turn =
-            pen.to.vertices.turns_clockwise_xy(first + corners[0], first + corners[1], first + corners[2]);
-        if ((turn == (cap.position == top)) != opposite)
+        std::array<int, 3> corners{static_cast<int>(a), static_cast<int>(b), static_cast<int>(c)};
+        std::array<double, 3> points{first + corners[0], first + corners[1], first + corners[2]};
+        const bool turn = pen.to.vertices.turns_clockwise_xy(points[0], points[1], points[2]);
+        if ((turn == (cap.position == top)) != opposite) {
             std::swap(corners[0], corners[2]);
-        const auto counted_from = [&](double start) {
-            return std::array{start + corners[0], start + corners[1], start + corners[2]};
-        };
-        pen.triangle(cap.face, counted_from(first), counted_from(cap.before_positions + 1));
+            std::swap(points[0], points[2]);
+        }
+        const int before = cap.before_positions + 1;
+        pen.triangle(cap.face, points, {before + corners[0], before + corners[1], before + corners[2]});
     }
 }
 

@@ -177,10 +177,10 @@ void draw_straight_wall(Pen &pen, Side side, const Wall &wall, int ea)
     const auto rectangle = [&, slots = wall.face.slots[side]](int p1, int p2, int p3, int p4) {
         pen.quad<int>(slots, side == outside ? std::array{p4, p3, p2, p1} : std::array{p1, p2, p3, p4});
     };
-    const auto triangle = [&, slot = face](double p1, double p2, double p3, double position) {
+    const auto triangle = [&, slot = face](int p1, int p2, int p3, int position) {
         if (side == outside)
             std::swap(p1, p3);
-        pen.triangle(slot, {p1, p2, p3}, {position, position + 1, position + 2});
+        pen.triangle<int>(slot, {p1, p2, p3}, {position, position + 1, position + 2});
     };
     if (lower_is_wider(pen, wall))
         rectangle(ea, wall.ha(), wall.hb(), eb);
