@@ -11,6 +11,8 @@
 #include "run/convert.h"
 #include "texture_check.h"
 
+#include <filesystem>
+
 namespace marlogl::check {
 
 namespace {
@@ -53,17 +55,18 @@ class ConfigurationCheck {
         if (output.size() >= ending && output[output.size() - ending] != '.')
             tell("output-ending", 2, line.size(),
                  "the last three characters are replaced: the output is " +
-                     quoted(output.substr(0, output.size() - 3) + "ogl"));
-        const std::string folder = folder_of(output);
+                     quoted_path(output.substr(0, output.size() - 3) + "ogl"));
+        const std::string folder = std::filesystem::path(output).parent_path().string();
         if (!folder.empty() && !files_.exists(folder))
-            tell("output-folder", 2, line.size(), "there is no folder " + quoted(folder) + " for the output");
+            tell("output-folder", 2, line.size(),
+                 "there is no folder " + quoted_path(folder) + " for the output");
     }
 
     void check_colour(const std::string &line, int number)
     {
         if (!is_whole_colour(line))
             tell("configuration-colour", number, line.size(),
-                 "the colour " + quoted(line) + " is not nine digits");
+                 "the colour " + marlogl::quoted(line) + " is not nine digits");
         if (const std::string fault = octal_fault(line); !fault.empty())
             tell("octal-colour", number, line.size(), fault);
         if (const std::string fault = large_fault(line); !fault.empty())

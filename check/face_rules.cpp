@@ -62,7 +62,8 @@ void face_slot_unused(const ObjectSeen &seen, const Say &say)
         if (!seen.is_on(slot) && !named)
             continue;
         say(std::max(seen.at.codes[at], named ? seen.at.texts[at] : 0),
-            "with these cells a " + std::string(seen.kind->name) + " has no face " + std::to_string(slot));
+            "with its cells this object (" + std::string(seen.kind->name) + ") has no face " +
+                std::to_string(slot));
     }
 }
 

@@ -35,8 +35,8 @@ void point_counted_twice(const LineSeen &seen, const Say &say)
 {
     if (seen.earlier != 0 && seen.counts_points())
         say(seen.number, {2, 4},
-            '"' + std::string(columns(seen.line, 1, 4)) + "\" comes twice in a " +
-                std::string(seen.kind()->name) + " and counts as two points (line " +
+            '"' + std::string(columns(seen.line, 1, 4)) + "\" comes twice in this row (" +
+                std::string(seen.kind()->name) + ") and counts as two points (line " +
                 std::to_string(seen.earlier) + " is the other one)");
 }
 

@@ -7,12 +7,6 @@ namespace marlogl::check {
 
 namespace {
 
-std::string with_article(std::string_view name)
-{
-    constexpr std::string_view vowels = "aeiou";
-    return (vowels.find(name[0]) == vowels.npos ? "a " : "an ") + std::string(name);
-}
-
 void unknown_type(const ObjectSeen &seen, const Say &say)
 {
     if (seen.kind != nullptr || seen.object.type == 0)
@@ -24,7 +18,7 @@ void unknown_type(const ObjectSeen &seen, const Say &say)
         const int type = meant->types[seen.version - 1];
         const bool exists = find_kind(seen.version, type) == meant;
         message +=
-            "; in version " + std::to_string(other) + " it is " + with_article(meant->name) +
+            "; in version " + std::to_string(other) + " it is " + marlogl::quoted(meant->name) +
             (exists ? ", which is type " + std::to_string(type) + " here" : ", which is not there here");
     }
     say(seen.at.opened, message);
