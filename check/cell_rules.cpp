@@ -44,6 +44,58 @@ void missing_offset(const ObjectSeen &seen, const Say &say)
                                                   std::to_string(cell) + " 2000");
 }
 
+// Cells without which a kind has no extent; what is not given counts as 0.
+constexpr struct {
+    std::string_view kind;
+    int cell;
+    std::string_view name;
+} sizes[] = {
+    {"gabled house", 2, "width"},
+    {"gabled house", 7, "depth"},
+    {"structure with antennas", 1, "lower front edge"},
+    {"structure with antennas", 2, "lower right edge"},
+    {"structure with antennas", 3, "lower back edge"},
+    {"structure with antennas", 4, "lower left edge"},
+    {"structure with antennas", 5, "upper front edge"},
+    {"structure with antennas", 6, "upper right edge"},
+    {"structure with antennas", 7, "upper back edge"},
+    {"structure with antennas", 8, "upper left edge"},
+    {"hip roof", 1, "length along x"},
+    {"hip roof", 2, "length along y"},
+    {"sign board", 1, "width"},
+    {"sign board", 4, "height or depth"},
+    {"cone", 1, "diameter"},
+    {"wheel", 1, "outer diameter"},
+    {"flag", 1, "width"},
+    {"flag", 2, "height"},
+    {"digital clock", 1, "width of a digit"},
+    {"digital clock", 2, "height"},
+    {"profiled-roof house", 1, "depth"},
+    {"tree", 1, "width"},
+    {"tree", 2, "height"},
+};
+
+void size_missing(const ObjectSeen &seen, const Say &say)
+{
+    for (const auto &[kind, cell, name] : sizes)
+        if (seen.is(kind) && seen.at.cells[static_cast<std::size_t>(cell)] == 0 && seen.drawn.textures)
+            say(seen.at.opened,
+                "cell " + std::to_string(cell) + " (" + std::string(name) + ") is missing; it counts as 0");
+}
+
+void lights_half(const ObjectSeen &seen, const Say &say)
+{
+    if (!seen.is("structure with antennas") && !seen.is("capped cylinder"))
+        return;
+    const bool by_cell = seen.cell(31) == 1, by_code = !trimmed(seen.object.codes(26)).empty();
+    if (by_cell && !by_code)
+        say(line_of_cell(seen, 31),
+            "cell 31 is 1, but code slot 26 is blank, so there are no lights; add K2601");
+    if (by_code && !by_cell)
+        say(seen.at.codes[26],
+            "code slot 26 is not blank, but cell 31 is not 1, so there are no lights; add P31 1");
+}
+
 void wheel_segments(const ObjectSeen &seen, const Say &say)
 {
     const double segments = seen.cell(11);
@@ -155,6 +207,12 @@ constexpr Rule rules[] = {
      "added. Hip roofs: cells 11 and 12 hold the ridge or the tip with 2000 added. Always write P21\n"
      "5000, P11 2000.",
      {scene, roof, "P11 2000\n", ""}, "", nullptr, missing_offset},
+    {"size-missing", warning, "a cell without which the kind has no extent is missing",
+     "What is not given counts as 0, and corners fall together. Write a 0 where it is meant.",
+     {scene, flag, "P02 9\n", ""}, "", nullptr, size_missing},
+    {"lights-half", warning, "lights need a cell and a code",
+     "Structures and capped cylinders carry lights with P31 1 and K2601, and take their colour from slot 0.",
+     {"scene.mrl", box, "P21 5000\n", "P21 5000\nP31 1\n"}, "", nullptr, lights_half},
     {"wheel-segments", warning, "a wheel has 12, 15 or 18 segments",
      "With any other number rings of 12 points are made, but the faces are counted by cell 11.",
      {scene, wheel, "P11 12\n", "P11 14\n"}, "", nullptr, wheel_segments},

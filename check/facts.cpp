@@ -67,7 +67,8 @@ class Faces {
             std::vector<int> positions = slots_from(first, cap.corners);
             if (cell(4) == 1)
                 std::erase_if(positions, [&](int slot_of_position) {
-                    return !names_corner(codes, static_cast<std::size_t>(slot_of_position - first));
+                    return !names_corner(codes.substr(0, static_cast<std::size_t>(cap.corners)),
+                                         static_cast<std::size_t>(slot_of_position - first));
                 });
             add(slot, cap.name + std::string(outside ? "" : ", inside"), positions,
                 outside ? cap.inside : cap.outside);
@@ -76,12 +77,12 @@ class Faces {
     std::vector<Face> take() { return std::move(faces_); }
 
   private:
+    // Whether a triangle has a corner, counted from 0, of those that the codes name.
     bool names_corner(std::string_view codes, std::size_t corner) const
     {
-        for (double j = 1; j <= cell(11) - 2; ++j) {
-            const std::string_view names = std::string_view(object_.points(j).attribute).substr(0, 3);
-            if (names.find_first_not_of(codes.substr(0, static_cast<std::size_t>(cell(11)))) == names.npos &&
-                names.find(codes[corner]) != names.npos)
+        for (int triangle = 1; triangle + 2 <= static_cast<int>(codes.size()); ++triangle) {
+            const std::string_view names = std::string_view(object_.points(triangle).attribute).substr(0, 3);
+            if (names.find_first_not_of(codes) == names.npos && names.find(codes[corner]) != names.npos)
                 return true;
         }
         return false;

@@ -77,22 +77,30 @@ void outline_missing(const ObjectSeen &seen, const Say &say)
             }
 }
 
+// The codes of an outline's corners; empty when no cap is drawn as triangles.
+std::string_view corner_codes(const ObjectSeen &seen)
+{
+    constexpr std::string_view codes = "123456789ABCDEFGHIJK";
+    if (seen.kind == nullptr || outlines_of(*seen.kind).empty() || seen.cell(4) != 1)
+        return {};
+    const bool has_cap = std::any_of(seen.faces.begin(), seen.faces.end(), [&](const Face &face) {
+        return face.name.find("cap") != face.name.npos && seen.is_drawn(face.slot);
+    });
+    const double n = seen.cell(11);
+    return has_cap && n >= 3 && n <= most_corners(*seen.kind) ? codes.substr(0, static_cast<std::size_t>(n))
+                                                              : std::string_view();
+}
+
 void triangle_codes(const ObjectSeen &seen, const Say &say)
 {
-    if (seen.kind == nullptr || outlines_of(*seen.kind).empty() || seen.cell(4) != 1)
-        return;
-    const int n = most_corners(*seen.kind) == 10 ? 10 : 20;
-    const std::string_view codes =
-        std::string_view("123456789ABCDEFGHIJK")
-            .substr(0, static_cast<std::size_t>(std::clamp(seen.cell(11), 0.0, static_cast<double>(n))));
-    for (int triangle = 1; triangle <= seen.cell(11) - 2 && triangle <= n; ++triangle) {
+    const std::string_view codes = corner_codes(seen);
+    for (int triangle = 1; triangle + 2 <= static_cast<int>(codes.size()); ++triangle) {
         const std::string_view names = std::string_view(seen.object.points(triangle).attribute).substr(0, 3);
         if (names.find_first_not_of(codes) != names.npos)
             say(seen.line_of(seen.at.points[static_cast<std::size_t>(triangle)]),
                 "triangle " + std::to_string(triangle) + " is skipped: the attribute of " +
                     point_name(triangle) + " names the corners " + quoted(names) +
-                    ", which are no three of " + std::string(codes.substr(0, 1)) + " to " +
-                    std::string(codes.substr(codes.size() - 1)));
+                    ", which are no three of " + codes.front() + " to " + codes.back());
     }
 }
 
