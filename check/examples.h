@@ -19,21 +19,6 @@ Q003 255   0
 Q004 255 255
 )";
 
-inline constexpr std::string_view house_1 = R"(V1.2
-A1
-BOld barn
-P01 13
-P02 36
-P06 14
-P07 30
-K01Y
-F01front
-Q001   0 255
-Q002   0   0
-Q003 255   0
-Q004 255 255
-)";
-
 inline constexpr std::string_view two_houses = R"(A23
 BOld barn
 P01 13

@@ -4,7 +4,7 @@
 #include "host/system.h"
 #include "options.h"
 
-#include <cstdio>
+#include <cstdlib>
 #include <iostream>
 
 #ifndef _WIN32
@@ -15,12 +15,12 @@ namespace marlogl::check {
 
 namespace {
 
-bool on_terminal()
+bool wants_colours()
 {
 #ifdef _WIN32
     return false; // not every console there understands escapes
 #else
-    return isatty(STDOUT_FILENO) == 1;
+    return isatty(STDOUT_FILENO) == 1 && std::getenv("NO_COLOR") == nullptr;
 #endif
 }
 
@@ -41,7 +41,7 @@ int check_files(const Options &options)
     if (options.json)
         write_json(std::cout, reports);
     else
-        write_text(std::cout, reports, on_terminal());
+        write_text(std::cout, reports, wants_colours());
     std::cout.flush();
     std::cerr << "marlogl-check: " << summary(reports) << '\n';
     const Counts counts = total(reports);
