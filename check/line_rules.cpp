@@ -90,15 +90,25 @@ void too_many_objects(const LineSeen &seen, const Say &say)
                       " are read; this line and all after it are ignored");
 }
 
+// The text of the slot number, and whether it is one.
+struct SlotText {
+    explicit SlotText(const LineSeen &seen)
+        : last(seen.key() == 'Q' ? 4 : 3), text(columns(seen.line, 2, last)),
+          is_number(all_digits(trimmed(text)))
+    {
+    }
+
+    std::size_t last; // position
+    std::string_view text;
+    bool is_number;
+};
+
 void slot_not_two_digits(const LineSeen &seen, const Say &say)
 {
-    if (seen.record == nullptr)
+    const auto [last, slot, is_number] = SlotText(seen);
+    if (seen.record == nullptr || is_number)
         return;
     const bool point = seen.key() == 'Q';
-    const std::size_t last = point ? 4 : 3;
-    const std::string_view slot = columns(seen.line, 2, last);
-    if (all_digits(trimmed(slot)))
-        return;
     std::string message = "columns 2 to " + std::to_string(last) + " hold no " + (point ? "point" : "slot") +
                           " number but " + quoted(slot) + ", which is read as " + message_number(seen.slot);
     if (!point && !slot.empty() && all_digits(slot.substr(0, 1)))
@@ -145,7 +155,9 @@ void code_cut(const LineSeen &seen, const Say &say)
 
 void given_twice(const LineSeen &seen, const Say &say)
 {
-    if (seen.earlier != 0 && !(seen.key() == 'Q' && seen.counts_points()))
+    const bool has_slot = seen.key() > 'D';
+    if (seen.earlier != 0 && !(seen.key() == 'Q' && seen.counts_points()) &&
+        (!has_slot || SlotText(seen).is_number))
         say(seen, '"' +
                       std::string(columns(seen.line, 1,
                                           seen.key() == 'Q'   ? 4
