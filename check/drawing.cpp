@@ -44,7 +44,7 @@ std::string Drawings::draw_once(int number, std::string &text)
                         {files_, std::string(CheckedFiles::drawn)},
                         {files_, "points"},
                         points_,
-                        side_,
+                        outside,
                         table_};
         try {
             draw_object(drawing, scene_, number, version_);
@@ -57,7 +57,6 @@ std::string Drawings::draw_once(int number, std::string &text)
                     without_place(fault, quoted(scene_.objects[static_cast<std::size_t>(number - 1)].name));
         }
         points_ = drawing.points;
-        side_ = drawing.side;
         table_ = drawing.colour_table;
     }
     files_.written = nullptr;

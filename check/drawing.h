@@ -34,9 +34,8 @@ class Drawings {
     Configuration configuration_;
     std::string table_path_, table_fault_;
     bool table_is_real_;
-    // What outlives an object.
+    // What outlives an object and can stop the next one.
     Points points_;
-    Side side_ = outside;
     std::optional<ColourTable> table_;
     bool textures_before_ = false;
 };

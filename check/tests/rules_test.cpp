@@ -153,6 +153,31 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
          "12: warning: \"080\" does not compile in C; use 000 or 100 to 255 [octal-colour]"},
         {"\\00  255,0,0\n", "12: error: a colour needs nine digits at positions 6 to 14, not \"255,0,0\" "
                             "[short-colour]"},
+        {"P61 1 0\n", "12: warning: \"1 0\" is read as 10 [blank-in-number]"},
+        {"P61 45.5\n", "12: warning: 45.5 is written as 46 [fraction]"},
+        {"P61 90 degrees\n", ""},
+        {"A house\n",
+         "12: warning: there is no number in \"house\", so it is 0; begin a remark with # [no-number]"},
+        {"Q005 1.5   0\n", "12: warning: 1.5 is read as 2 [fraction]"},
+        {"Q180   0   0\nQ181   0   0\n",
+         "13: error: point 181 is outside 0 to 180; the record is skipped [point-skipped]"},
+        {"K31x\nK32x\n",
+         "13: error: code slot 32 is outside 0 to 31; the record is skipped [slot-too-large]"},
+        {"F05a\\b\n",
+         "12: error: a backslash in a texture name means something else in C; write / [texture-backslash]"},
+        {"K10Y\nF10wood\nQ037   0 255\nQ038   0   0\nQ039 255   0\nQ040 255 255\n", ""},
+        {"K10Y\nF10wood\nK04Y\nF04wood\n", "14: warning: face 4 (right wall) and face 10 are both on and lie "
+                                           "in one place [faces-in-one-place]"},
+        {"A20\nQ00150005000     P\nQ0020012  40     L\n",
+         "14: error: the points of this kind have 5000 added; x = 12 lies at -4988 [points-without-5000]"},
+        {"A18\nP11 3\n",
+         "13: warning: corner 1 of the bottom outline (Q001) is missing; it lies at 0,0 [outline-missing]"},
+        {"A19\nP11 13\n", "13: warning: cell 11 is 13; only 12, 15 and 18 segments work [wheel-segments]"},
+        {"A21\nP02 9\nP58 3\n", "14: warning: cell 58 is 3, which lifts only the right edge of the road; use "
+                                "cells 54 and 57 [road-elevation]"},
+        {"A7\nP07 0\nK2601\n", "14: warning: code slot 26 is not blank, but cell 31 is not 1, so there are "
+                               "no lights; add P31 1 [lights-half]"},
+        {"\\00  256000000\n", "12: warning: \"256\" is above 255 [large-colour]"},
     };
     for (const auto &[records, told_line] : cases) {
         const std::string all = told("s.mr2", house + records);
