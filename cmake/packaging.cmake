@@ -1,5 +1,5 @@
-# What is installed, and the packages that CPack makes of it: .deb on Linux (MarlOgl, its viewer and its library), a
-# .zip on Windows.
+# What is installed, and the packages that CPack makes of it: .deb on Linux (MarlOgl, its viewer, its checker and its
+# library), a .zip on Windows.
 include(GNUInstallDirs)
 if(WIN32)
     set(programs .)
@@ -10,6 +10,14 @@ else()
 endif()
 
 install(TARGETS MarlOgl RUNTIME DESTINATION ${programs} COMPONENT converter)
+if(TARGET marlogl-check)
+    if(WIN32)
+        set(check_component converter) # one .zip holds all
+    else()
+        set(check_component check)
+    endif()
+    install(TARGETS marlogl-check RUNTIME DESTINATION ${programs} COMPONENT ${check_component})
+endif()
 install(FILES README.md DESTINATION ${documents} COMPONENT converter)
 if(WIN32)
     install(FILES LICENSE DESTINATION ${documents} COMPONENT converter) # elsewhere the copyright file holds it
@@ -28,6 +36,10 @@ if(NOT WIN32)
     if(TARGET marlogl-preview)
         list(APPEND manuals marlogl-preview.1)
         list(APPEND CPACK_COMPONENTS_ALL preview)
+    endif()
+    if(TARGET marlogl-check)
+        list(APPEND manuals marlogl-check.1)
+        list(APPEND CPACK_COMPONENTS_ALL check)
     endif()
 
     # Compressed as Debian wants them, where gzip is at hand.
@@ -58,6 +70,9 @@ if(NOT WIN32)
     if(TARGET marlogl-preview)
         install_debian_files(marlogl-preview preview marlogl-preview.1)
     endif()
+    if(TARGET marlogl-check)
+        install_debian_files(marlogl-check check marlogl-check.1)
+    endif()
 endif()
 
 set(CPACK_PACKAGE_NAME marlogl)
@@ -81,7 +96,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_CONVERTER_PACKAGE_NAME marlogl)
-set(CPACK_DEBIAN_CONVERTER_PACKAGE_SUGGESTS marlogl-preview)
+set(CPACK_DEBIAN_CONVERTER_PACKAGE_SUGGESTS "marlogl-preview, marlogl-check")
 set(CPACK_DEBIAN_CONVERTER_DESCRIPTION "converter of scenery design files into OpenGL statements
 MarlOgl reads a design file, which describes a scene as parametric objects
 (houses, roofs, towers, roads, trees), and writes one text file of OpenGL
@@ -98,6 +113,12 @@ set(CPACK_DEBIAN_PREVIEW_PACKAGE_SUGGESTS marlogl)
 set(CPACK_DEBIAN_PREVIEW_DESCRIPTION "viewer of the scenes that MarlOgl writes
 marlogl-preview shows the OpenGL statements that MarlOgl made of a design
 file: in a window, or as a PNG picture, for which it needs no display.")
+set(CPACK_DEBIAN_CHECK_PACKAGE_NAME marlogl-check)
+set(CPACK_DEBIAN_CHECK_PACKAGE_SUGGESTS marlogl)
+set(CPACK_DEBIAN_CHECK_DESCRIPTION "checker of scenery design files
+marlogl-check tells what MarlOgl will not do with a design file: faces that
+are not drawn, lines that are no records, numbers that are cut, what would
+stop the conversion. It prints as compilers do, or JSON.")
 
 if(WIN32)
     set(CPACK_GENERATOR ZIP)

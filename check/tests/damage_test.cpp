@@ -1,0 +1,104 @@
+// Damaged scenes: the checker and the converter agree about what stops a conversion.
+#include "support.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace marlogl::check {
+
+namespace {
+
+std::vector<std::string> lines_of(const std::string &text)
+{
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+// Values and records that lie at bounds or beyond them.
+constexpr std::string_view records[] = {
+    "P62 1",     "P58 1e308",       "P01 1e999", "P11 21",       "P11 300",      "P06 0",         "P31 1",
+    "P01 70000", "P13 1",           "P04 1",     "Q181   0   0", "Q-01   0   0", "Q001999999999", "K-1Y",
+    "F-1x",      "\\29  100100100", "\\-1",      "A40000",       "A99",          "C1e999",        "D1e308",
+    "K3001",     "K3071",           "V1.1",      "P38 99999",    "P50 0",        "K2601",         "?29Y",
+    "P11 17",    "P03 0",           "P04 0",     "P02 1e300",    "A18",          "A19",           "A6",
+    "A5",
+};
+
+void damage(std::vector<std::string> &lines, Random &random)
+{
+    const auto any = [&] { return static_cast<std::size_t>(random.below(static_cast<int>(lines.size()))); };
+    std::string &line = lines[any()];
+    const auto character = [&] {
+        return static_cast<std::size_t>(random.below(static_cast<int>(line.size()) + 1));
+    };
+    switch (random.below(7)) {
+    case 0:
+        line.insert(character(), 1, "0123456789 -.eEAPQKF\\\r\t"[random.below(23)]);
+        break;
+    case 1:
+        line = line.substr(0, character());
+        break;
+    case 2:
+        line.erase(std::min(character(), line.size()), 1);
+        break;
+    case 3:
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(any()));
+        break;
+    case 4:
+        std::swap(lines[any()], lines[any()]);
+        break;
+    default: {
+        const auto record =
+            records[static_cast<std::size_t>(random.below(static_cast<int>(std::size(records))))];
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(any()), std::string(record));
+    }
+    }
+}
+
+// Whether the checker has an error at the line or the object that the converter's message names.
+bool names_the_place(const FileReport &report, const std::string &fault)
+{
+    int line = 0, object = 0;
+    const bool at_line = std::sscanf(fault.c_str(), "scene.%*[^:]:%d:", &line) == 1;
+    const std::size_t in_file = fault.find(": object ");
+    if (!at_line && std::sscanf(fault.c_str(), "object %d", &object) != 1 && in_file != fault.npos)
+        std::sscanf(fault.c_str() + in_file, ": object %d", &object);
+    for (const Finding &finding : report.findings())
+        if (finding.rule->severity == Severity::error &&
+            (at_line ? finding.line == line : object != 0 && finding.object == object))
+            return true;
+    return false;
+}
+
+TEST(Damage, NoErrorMeansThatTheConversionIsDone)
+{
+    Random random;
+    int stopped = 0;
+    const std::pair<std::string, std::string> examples[] = {
+        {"scene.mr2", read_whole("examples/village/village.mr2")},
+        {"scene.mrl", read_whole("examples/hamlet/hamlet.mrl")},
+    };
+    for (int i = 0; i < 2000; ++i) {
+        const auto &[name, text] = examples[i % 2];
+        std::vector<std::string> lines = lines_of(text);
+        for (int faults = random.from_to(1, 3); faults > 0; --faults)
+            damage(lines, random);
+        std::string design;
+        for (const std::string &line : lines)
+            design += line + '\n';
+        const std::string fault = conversion_fault(name, design);
+        const FileReport report = check({{name, design}}, name)[0];
+        stopped += !fault.empty();
+        ASSERT_TRUE(fault.empty() || names_the_place(report, fault)) << "scene " << i << ": " << fault << '\n'
+                                                                     << told({report}, Severity::error);
+    }
+    EXPECT_GT(stopped, 200);
+}
+
+} // namespace
+
+} // namespace marlogl::check
