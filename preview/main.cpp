@@ -10,17 +10,6 @@
 
 namespace {
 
-// The largest file that MarlOgl itself writes has about 12 MB. One of this size is still shown within 1 GB.
-constexpr std::size_t most_megabytes = 64;
-
-Scene read_scene_of(const std::string &file, Problems &problems)
-{
-    Scene scene = read_scene(read_file(file, most_megabytes), problems);
-    if (scene.counts.statements == 0)
-        throw std::runtime_error(file + " is no output file of MarlOgl: it holds no statement");
-    return scene;
-}
-
 void write_picture(const Options &options, const Scene &scene, const Textures &textures, const Look &look)
 {
     const auto [width, height] = options.resolution;
@@ -38,20 +27,15 @@ void write_picture(const Options &options, const Scene &scene, const Textures &t
 
 void run(const Options &options)
 {
-    Problems problems, texture_problems;
+    FilesRead files_read;
+    const Loaded loaded = load(options.input, options.texture_folders, files_read);
+    const Scene &scene = loaded.scene;
+    const Textures &textures = loaded.textures;
     if (!options.output.empty())
-        refuse_overwriting(options.output, {options.input});
-    const Scene scene = read_scene_of(options.input, problems);
-    const TexturePlaces places = texture_places(options.input, options.texture_folders);
-    FileFinder finder(places.folders);
-    const Textures textures = load_textures(scene.textures, finder, texture_problems);
-    if (!options.output.empty()) {
-        refuse_overwriting(options.output, places.files_read);
-        refuse_overwriting(options.output, textures.files_read);
-    }
-    write_warnings(std::cerr, options.input, scene, problems, texture_problems);
+        refuse_overwriting(options.output, files_read.names());
+    write_warnings(std::cerr, loaded);
     if (options.verbose) {
-        write_report(options.output == "-" ? std::cerr : std::cout, scene, problems, textures);
+        write_report(options.output == "-" ? std::cerr : std::cout, loaded);
         flush_standard_output();
     }
     if (!options.render)

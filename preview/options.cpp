@@ -62,10 +62,12 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     for (const NamedView &each : named_views)
         view_names.emplace_back(each.name);
 
-    CLI::App app("Shows an output file of MarlOgl: in a window, or as a picture.", "marlogl-preview");
+    CLI::App app("Shows a design file or an output file of MarlOgl: in a window, or as a picture.",
+                 "marlogl-preview");
     app.footer(footer);
     app.set_version_flag("--version", "marlogl-preview " MARLOGL_PREVIEW_VERSION);
-    app.add_option("file", options.input, "Output file of MarlOgl, up to 64 MB")
+    app.add_option("file", options.input,
+                   "Design file (.mr2, .mrl), MarlOgl.dat, or output file of up to 64 MB")
         ->required()
         ->type_name("FILE");
     app.add_option("--output", options.output, "Write a PNG picture and end; - is standard output")

@@ -26,9 +26,11 @@ void write_problems(std::ostream &to, const std::string &file, const Problems &p
 
 } // namespace
 
-void write_warnings(std::ostream &to, const std::string &file, const Scene &scene, const Problems &problems,
-                    const Problems &texture_problems)
+void write_warnings(std::ostream &to, const Loaded &loaded)
 {
+    const auto &[file, source, scene, textures, problems, texture_problems] = loaded;
+    if (!source.warning.empty())
+        to << "marlogl-preview: warning: " << printable(source.warning) << '\n';
     write_problems(to, file, problems);
     write_problems(to, file, texture_problems);
     if (!scene.is_whole)
@@ -38,10 +40,11 @@ void write_warnings(std::ostream &to, const std::string &file, const Scene &scen
         to << "marlogl-preview: " << printable(file) << ": there is nothing to show in this file\n";
 }
 
-void write_report(std::ostream &to, const Scene &scene, const Problems &problems, const Textures &textures)
+void write_report(std::ostream &to, const Loaded &loaded)
 {
+    const Scene &scene = loaded.scene;
     to << "objects                 " << scene.counts.objects << '\n'
-       << "faces                   " << scene.faces << '\n'
+       << "faces                   " << scene.faces.size() << '\n'
        << "concave faces           " << scene.concave_faces;
     if (scene.concave_faces > 0)
         to << ", the first ends in line " << scene.first_concave_line;
@@ -52,8 +55,8 @@ void write_report(std::ostream &to, const Scene &scene, const Problems &problems
        << "bounds y                " << scene.lowest.y << " to " << scene.highest.y << '\n'
        << "bounds z                " << scene.lowest.z << " to " << scene.highest.z << '\n'
        << "textures                " << scene.textures.size() << '\n'
-       << "missing textures        " << textures.missing << '\n'
+       << "missing textures        " << loaded.textures.missing << '\n'
        << "skipped lines           " << scene.counts.skipped_lines << '\n'
-       << "problems                " << problems.count() << '\n'
+       << "problems                " << loaded.problems.count() << '\n'
        << "unbalanced matrix calls " << scene.unbalanced_matrix_calls << '\n';
 }

@@ -51,6 +51,7 @@ class Builder {
         const std::size_t most = text.size() / shortest_vertex + 1;
         scene.vertices.reserve(most + std::min(most, most_crossings));
         scene.corners.reserve(3 * most);
+        scene.objects.emplace_back();
     }
 
     Scene build()
@@ -64,6 +65,7 @@ class Builder {
             problems.add(line, "glEnd is missing at the end of the file");
             end_block();
         }
+        scene.objects.back().end_vertex = scene.vertices.size();
         scene.unbalanced_matrix_calls += stack.size();
         scene.is_whole = footer_lines == 4;
         measure();
@@ -92,6 +94,9 @@ class Builder {
             end_block();
         }
         switch (statement.operation) {
+        case Operation::object:
+            begin_object(static_cast<int>(std::clamp(a, 0.0, 1e6)), std::string(statement.name));
+            break;
         case Operation::matrix_mode:
             in_modelview = statement.symbol == Symbol::modelview;
             break;
@@ -115,7 +120,7 @@ class Builder {
             multiply(scaling({a, b, c}));
             break;
         case Operation::bind_texture:
-            bound_texture = statement.texture;
+            bound_texture = statement.name;
             bound_texture_line = line;
             break;
         case Operation::enable:
@@ -148,6 +153,12 @@ class Builder {
             add_vertex({a, b, c});
             break;
         }
+    }
+
+    void begin_object(int number, std::string name)
+    {
+        scene.objects.back().end_vertex = scene.vertices.size();
+        scene.objects.push_back({number, std::move(name), line, scene.vertices.size(), 0});
     }
 
     void multiply(const Placement &by)
@@ -229,7 +240,7 @@ class Builder {
         if (scene.runs.empty() || scene.runs.back().primitive != primitive ||
             scene.runs.back().texture != texture)
             scene.runs.push_back({primitive, texture, scene.corners.size(), 0});
-        add_corners();
+        add_corners(texture);
         scene.runs.back().count = scene.corners.size() - scene.runs.back().first;
     }
 
@@ -247,13 +258,12 @@ class Builder {
             break;
         case Primitive::triangles:
             count = count < 3 ? 0 : count;
-            scene.faces += count > 0;
             break;
         }
         scene.vertices.resize(first + count);
     }
 
-    void add_corners()
+    void add_corners(std::uint32_t texture)
     {
         if (primitive != Primitive::triangles) {
             for (std::size_t i = first; i < scene.vertices.size(); ++i)
@@ -261,7 +271,10 @@ class Builder {
             return;
         }
         complete_normals();
+        const auto object = static_cast<std::uint32_t>(scene.objects.size() - 1);
+        const std::size_t first_corner = scene.corners.size();
         const Shape shape = cutter.cut(scene.vertices, first, scene.corners);
+        scene.faces.push_back({line, object, texture, first_corner, scene.corners.size() - first_corner});
         if (shape == Shape::convex)
             return;
         if (++scene.concave_faces == 1)

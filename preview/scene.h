@@ -25,6 +25,22 @@ struct Run {
     std::size_t first = 0, count = 0;   // a range of Scene::corners
 };
 
+// A polygon of the file.
+struct Face {
+    std::uint32_t line;                      // of its end
+    std::uint32_t object;                    // index into Scene::objects
+    std::uint32_t texture = Run::untextured; // as in Run
+    std::size_t first = 0, count = 0;        // its triangles: a range of Scene::corners
+};
+
+// What the file announces as an object, and all that comes before the next one.
+struct SceneObject {
+    int number = 0; // 0 for what comes before the first object
+    std::string name;
+    std::uint32_t line = 0;                       // where it is announced
+    std::size_t first_vertex = 0, end_vertex = 0; // a range of Scene::vertices
+};
+
 // A texture as the output file names it, in the bytes of the file.
 struct TextureName {
     std::string name;
@@ -36,8 +52,10 @@ struct Scene {
     std::vector<std::uint32_t> corners; // indices of vertices: points, pairs for lines, triples for triangles
     std::vector<Run> runs;              // in the order of the file
     std::vector<TextureName> textures;  // every name that a run shows, once
+    std::vector<Face> faces;            // in the order of the file
+    std::vector<SceneObject> objects;   // in the order of the file; at least one
     Counts counts;                      // of what was read
-    std::size_t faces = 0, lines = 0, points = 0;
+    std::size_t lines = 0, points = 0;
     std::size_t concave_faces = 0;
     std::uint32_t first_concave_line = 0;
     std::size_t unbalanced_matrix_calls = 0; // pops without a push, and pushes never popped

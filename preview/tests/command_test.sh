@@ -1,9 +1,11 @@
 #!/bin/sh
-# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|window PROGRAM
+# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|window PROGRAM CONVERTER EXAMPLES
 # Ends with 77 when this machine has no OpenGL driver or no virtual display.
 
 part=$1
 program=$2
+converter=$3
+examples=$4
 work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
@@ -25,7 +27,7 @@ expect()
     timeout 60 "$program" "$@" >out 2>err
     status=$?
     [ $status -eq "$wanted" ] || fail "$*: status $status, not $wanted"
-    grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
+    [ -z "$text" ] || grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
 }
 
 cat >town.ogl <<'END'
@@ -72,6 +74,15 @@ usage()
     expect 1 "cannot read .: Is a directory" .
     expect 1 "/dev/zero is larger than 64 MB" /dev/zero
     expect 2 "not exist: nowhere" town.ogl --texture-dir=nowhere
+    printf 'A23\nBbarn\nP0236\nP0730\nP0113\nP0614\nK01Y\nF01nowhere\nP72 15\n' >bad.mr2
+    expect 1 'preview: bad.mr2:9: record "P72 15": parameter cell 72 is outside 0 to 61' bad.mr2
+    sed '$d' bad.mr2 >barn.mr2
+    expect 0 'barn.mr2:1: texture "nowhere.bmp" is missing' barn.mr2 --no-render
+    printf 'barn.mr2\nbarn.ogl\n255\n' >MarlOgl.dat
+    expect 1 "line 4 is missing; the run configuration has four lines" MarlOgl.dat
+    mkdir other
+    printf 'barn\nbarn.ogl\n255255255\n255255255\n' >other/MarlOgl.dat
+    expect 1 "is not converted: its name ends in neither" other/MarlOgl.dat
     expect 1 "it holds no statement" letter.txt --no-render
     expect 1 "is there a display?" town.ogl
     expect 0 "missing textures        1" town.ogl --no-render --verbose --texture-dir . --texture-dir=..
@@ -107,6 +118,18 @@ picture()
     [ "$(od -An -tx1 -j16 -N8 town.png | tr -d ' \n')" = 000000280000001e ] || fail "town.png is not 40 x 30"
     expect 0 PNG town.ogl --output=- --verbose
     grep -q faces err || fail "the report is not on standard error beside a picture"
+    # A design file looks like its output file, and leaves nothing behind.
+    for example in village hamlet; do
+        cp -R "$examples/$example" .
+        sed -i '3s/.*/255200150/' $example/MarlOgl.dat
+        (cd $example && "$converter" && ls >../names) || fail "$example is not converted"
+        expect 0 "" $example/$example.ogl --output=by_file.png --resolution=300,200
+        for source in $example/MarlOgl.dat $example/$example.mr?; do
+            expect 0 "" $source --output=direct.png --resolution=300,200
+            cmp -s by_file.png direct.png || fail "$source looks unlike its output file"
+        done
+        ls $example | cmp - names || fail "a file was left behind"
+    done
     expect 1 "cannot write nowhere/town.png" town.ogl --output=nowhere/town.png
     [ ! -e /dev/full ] || expect 1 "cannot write /dev/full" town.ogl --output=/dev/full
 }

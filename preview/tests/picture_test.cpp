@@ -60,7 +60,8 @@ Scene scene_of(const std::string &text)
 Picture draw(const std::string &text, std::string_view view, bool lit, int tile_size = largest_tile)
 {
     const Scene scene = scene_of(text);
-    FileFinder finder({texture_folder()});
+    FilesRead files_read;
+    FileFinder finder({texture_folder()}, files_read);
     Problems missing_textures;
     const Offscreen tile(std::min(width, tile_size), std::min(height, tile_size));
     Appearance appearance;
@@ -237,7 +238,8 @@ TEST(Textures, AreFoundBesideTheDesignFileAndMissingOnesAreNamedOnce)
     const std::filesystem::path folder = texture_folder();
     std::ofstream(folder / "marlogl.DAT") << " .\\Sub\\town.mr2 \r\nout\\town.ogl\r\n";
     std::filesystem::create_directories(folder / "out");
-    FileFinder finder(texture_places(folder / "out" / "town.ogl", {}).folders);
+    FilesRead files_read;
+    FileFinder finder(texture_folders(folder / "out" / "town.ogl", {}, files_read), files_read);
     Problems problems;
     const Textures textures = load_textures(
         {
