@@ -10,16 +10,15 @@
 
 namespace {
 
-void write_picture(const Options &options, const Scene &scene, const Textures &textures, const Look &look)
+void write_picture(const Options &options, const Loaded &loaded)
 {
     const auto [width, height] = options.resolution;
+    const Camera camera = first_camera(loaded, options.look, static_cast<double>(width) / height);
     const Offscreen tile(std::min(width, largest_tile), std::min(height, largest_tile));
-    Appearance appearance = options.appearance;
-    appearance.thickness = oversampling;
-    const Drawing drawing(scene, textures, appearance);
+    const Drawing drawing(loaded.scene, loaded.textures);
     OutputFile file(options.output);
     PngEncoder png(width, height);
-    draw_picture(tile, drawing, frame(scene, look.direction, look.lens), width, height,
+    draw_picture(tile, drawing, camera, options.appearance, width, height,
                  [&](const Picture &rows) { file.write(png.add(rows)); });
     file.write(png.end());
     file.close();
@@ -28,9 +27,7 @@ void write_picture(const Options &options, const Scene &scene, const Textures &t
 void run(const Options &options)
 {
     FilesRead files_read;
-    const Loaded loaded = load(options.input, options.texture_folders, files_read);
-    const Scene &scene = loaded.scene;
-    const Textures &textures = loaded.textures;
+    Loaded loaded = load(options.input, options.texture_folders, files_read);
     if (!options.output.empty())
         refuse_overwriting(options.output, files_read.names());
     write_warnings(std::cerr, loaded);
@@ -40,15 +37,10 @@ void run(const Options &options)
     }
     if (!options.render)
         return;
-    const auto [width, height] = options.resolution;
-    const Look look{
-        options.direction, {static_cast<double>(width) / height, options.zoom, options.orthographic}
-    };
     if (options.output.empty())
-        show_window("marlogl-preview - " + options.input, width, height, scene, textures, look,
-                    options.appearance);
+        show_window(options, std::move(loaded));
     else
-        write_picture(options, scene, textures, look);
+        write_picture(options, loaded);
 }
 
 } // namespace

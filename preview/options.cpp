@@ -43,10 +43,17 @@ void add_numbers(CLI::App &app, const char *option, const char *help, Range<Numb
 }
 
 constexpr const char *footer = R"(In the window:
-  drag         turn the scene
-  wheel        zoom
-  t f b l r i  view from the top, front, back, left, right; isometric
-  q            leave
+  drag          turn; with Shift or the right button: move
+  wheel         come closer, at the pointer
+  double click  look at this point
+  t f b i       view from the top, front, back; isometric
+  1 2 3 4 7 9   view from the front, back, right, left, top; isometric
+  5 p           with and without perspective
+  r Enter       the first view again
+  arrows + -    turn, come closer, go away
+  l             light
+  F11           full screen
+  q Esc         leave
 
 Exit status: 0 done, 1 failed, 2 wrong usage.)";
 
@@ -55,7 +62,8 @@ Exit status: 0 done, 1 failed, 2 wrong usage.)";
 std::optional<Options> parse_options(int argc, const char *const *argv, int &exit_status)
 {
     Options options;
-    std::array<double, 1> azimuth{0}, elevation{0}, zoom{1};
+    std::array<double, 1> azimuth{0}, elevation{0}, zoom{1}, view_angle{30};
+    std::array<double, 3> position{}, focal_point{};
     std::string view = "iso";
     bool unlit = false, no_render = false;
     std::vector<std::string> view_names;
@@ -77,12 +85,20 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     app.add_option("--view", view, "Where to look from [iso]")
         ->type_name("NAME")
         ->check(CLI::IsMember(view_names));
+    app.add_option("--object", options.look.object, "Show this object, by number or name")
+        ->type_name("OBJECT");
     add_numbers(app, "--camera-azimuth-angle", "Turn the camera to the right, in degrees",
                 {"ANGLE", -360.0, 360.0}, azimuth);
     add_numbers(app, "--camera-elevation-angle", "Turn the camera up, in degrees", {"ANGLE", -180.0, 180.0},
                 elevation);
     add_numbers(app, "--camera-zoom-factor", "Magnify the framed scene [1]", {"FACTOR", 0.001, 1000.0}, zoom);
-    app.add_flag("--camera-orthographic", options.orthographic, "No perspective");
+    add_numbers(app, "--camera-view-angle", "Between lower and upper edge, in degrees [30]",
+                {"ANGLE", 1.0, 170.0}, view_angle);
+    constexpr Range<double> anywhere{"X,Y,Z", -1e9, 1e9};
+    add_numbers(app, "--camera-position", "Where to stand, in units of the design file", anywhere, position);
+    add_numbers(app, "--camera-focal-point", "What to look at, in units of the design file", anywhere,
+                focal_point);
+    app.add_flag("--camera-orthographic", options.look.lens.orthographic, "No perspective");
     add_numbers(app, "--background-color", "Red, green, blue [0.3,0.35,0.4]", {"R,G,B", 0.0f, 1.0f},
                 options.appearance.background);
     app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
@@ -106,10 +122,17 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     }
 
     for (const NamedView &each : named_views)
-        if (each.name == view)
-            options.direction = {each.direction.azimuth + azimuth[0],
-                                 each.direction.elevation + elevation[0]};
-    options.zoom = zoom[0];
+        if (each.name == view) {
+            options.look.direction = {each.direction.azimuth + azimuth[0],
+                                      each.direction.elevation + elevation[0]};
+            options.look.lens.orthographic |= each.is_plan;
+        }
+    options.look.lens.tan_y = std::tan(radians(view_angle[0] / 2));
+    options.look.zoom = zoom[0];
+    if (app.count("--camera-position") > 0)
+        options.look.position = position;
+    if (app.count("--camera-focal-point") > 0)
+        options.look.focal_point = focal_point;
     options.appearance.lit = !unlit;
     options.render = !no_render;
     return options;

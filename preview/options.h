@@ -1,6 +1,7 @@
 // The command line.
 #pragma once
 
+#include "first_look.h"
 #include "render.h"
 
 #include <optional>
@@ -11,9 +12,7 @@ struct Options {
     std::string input;
     std::string output; // empty: a window; "-": standard output
     std::array<int, 2> resolution{1000, 600};
-    Direction direction;
-    double zoom = 1;
-    bool orthographic = false;
+    FirstLook look;
     Appearance appearance;
     std::vector<std::string> texture_folders;
     bool render = true;

@@ -67,8 +67,7 @@ void set(GLenum capability, bool on)
 
 } // namespace
 
-Drawing::Drawing(const Scene &shown, const Textures &textures, const Appearance &look)
-    : scene(shown), appearance(look)
+Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
 {
     std::vector<unsigned> names;
     for (const Bitmap &bitmap : textures.bitmaps)
@@ -88,7 +87,8 @@ Drawing::Drawing(const Scene &shown, const Textures &textures, const Appearance 
     }
 }
 
-void Drawing::draw(const Camera &camera, int width, int height, int left, int bottom) const
+void Drawing::draw(const Camera &camera, const Appearance &appearance, int width, int height, int left,
+                   int bottom) const
 {
     // The viewport may reach beyond the framebuffer: all parts of a picture are of one projection, and lines
     // and points at their borders are cut by the framebuffer only.
@@ -100,32 +100,34 @@ void Drawing::draw(const Camera &camera, int width, int height, int left, int bo
     glDepthFunc(GL_LEQUAL);
     glLineWidth(1.5f * appearance.thickness);
     glPointSize(5 * appearance.thickness);
+    const Matrices matrices =
+        matrices_of(camera, static_cast<double>(width) / height, scene.centre(), scene.lowest, scene.highest);
     glMatrixMode(GL_PROJECTION);
-    glLoadMatrixd(camera.projection.data());
+    glLoadMatrixd(matrices.projection.data());
     glMatrixMode(GL_MODELVIEW);
     glLoadIdentity();
     place_lights();
-    glLoadMatrixd(camera.view.data());
-    draw_both_sides();
+    glLoadMatrixd(matrices.view.data());
+    draw_both_sides(appearance.lit);
 }
 
 // Walls are often two faces in one plane, for the inside and the outside: the viewer is to see the one whose
 // corners run counter-clockwise for him. The others are drawn a little behind. All faces lie a little behind
 // the lines, so that lines on them show.
-void Drawing::draw_both_sides() const
+void Drawing::draw_both_sides(bool lit) const
 {
     glFrontFace(GL_CW); // the written normals point to the viewer of clockwise corners
     glEnable(GL_CULL_FACE);
     glEnable(GL_POLYGON_OFFSET_FILL);
     glCullFace(GL_FRONT);
     glPolygonOffset(1, 1);
-    draw_runs();
+    draw_runs(lit);
     glCullFace(GL_BACK);
     glPolygonOffset(2, 8);
-    draw_runs();
+    draw_runs(lit);
 }
 
-void Drawing::draw_runs() const
+void Drawing::draw_runs(bool lit) const
 {
     if (corners.empty())
         return;
@@ -141,7 +143,7 @@ void Drawing::draw_runs() const
     for (const Run &run : scene.runs) {
         const bool textured = run.texture != Run::untextured;
         const bool in_white = textured && paints[run.texture].in_white;
-        set(GL_LIGHTING, appearance.lit && run.primitive == Primitive::triangles);
+        set(GL_LIGHTING, lit && run.primitive == Primitive::triangles);
         set(GL_TEXTURE_2D, textured);
         if (textured)
             glBindTexture(GL_TEXTURE_2D, paints[run.texture].name);

@@ -1,7 +1,7 @@
 // Draws a scene through OpenGL 1.1. A context must be current for every call.
 #pragma once
 
-#include "framing.h"
+#include "camera.h"
 #include "textures.h"
 
 using Colour = std::array<float, 3>; // red, green, blue from 0 to 1
@@ -16,11 +16,12 @@ struct Appearance {
 class Drawing {
   public:
     // `textures` are those of the scene.
-    Drawing(const Scene &scene, const Textures &textures, const Appearance &look);
+    Drawing(const Scene &scene, const Textures &textures);
 
     // Draws a picture of width x height pixels into the current framebuffer, so that the pixel (left, bottom)
     // of the picture, counted from its lower left corner, comes to the lower left corner of the framebuffer.
-    void draw(const Camera &camera, int width, int height, int left = 0, int bottom = 0) const;
+    void draw(const Camera &camera, const Appearance &appearance, int width, int height, int left = 0,
+              int bottom = 0) const;
 
   private:
     // As OpenGL takes it: relative to the centre of the scene, so that floats are precise enough.
@@ -34,11 +35,10 @@ class Drawing {
         bool in_white; // shown in its own colours, not those of the faces
     };
 
-    void draw_both_sides() const;
-    void draw_runs() const;
+    void draw_both_sides(bool lit) const;
+    void draw_runs(bool lit) const;
 
     const Scene &scene;
-    Appearance appearance;
     std::vector<Corner> corners; // one for each vertex of the scene
     std::vector<Paint> paints;   // one for each texture name of the scene
 };

@@ -68,7 +68,9 @@ class Builder {
         scene.objects.back().end_vertex = scene.vertices.size();
         scene.unbalanced_matrix_calls += stack.size();
         scene.is_whole = footer_lines == 4;
-        measure();
+        const Bounds bounds = bounds_of(scene.vertices);
+        scene.lowest = bounds.lowest;
+        scene.highest = bounds.highest;
         return std::move(scene);
     }
 
@@ -117,6 +119,8 @@ class Builder {
             multiply(rotation(a, unit({b, c, d})));
             break;
         case Operation::scale:
+            if (const double unit = current.x.x * a; scene.objects.size() == 1 && unit > 1e-6 && unit < 1e6)
+                scene.unit = unit;
             multiply(scaling({a, b, c}));
             break;
         case Operation::bind_texture:
@@ -312,20 +316,6 @@ class Builder {
         return known->second;
     }
 
-    void measure()
-    {
-        if (scene.vertices.empty())
-            return;
-        scene.lowest = scene.highest = scene.vertices.front().position;
-        for (const Vertex &each : scene.vertices) {
-            const Vec3 p = each.position;
-            scene.lowest = {std::min(scene.lowest.x, p.x), std::min(scene.lowest.y, p.y),
-                            std::min(scene.lowest.z, p.z)};
-            scene.highest = {std::max(scene.highest.x, p.x), std::max(scene.highest.y, p.y),
-                             std::max(scene.highest.z, p.z)};
-        }
-    }
-
     std::string_view text;
     Problems &problems;
     Scene scene;
@@ -348,6 +338,19 @@ class Builder {
 };
 
 } // namespace
+
+Bounds bounds_of(std::span<const Vertex> vertices)
+{
+    if (vertices.empty())
+        return {};
+    Bounds bounds{vertices.front().position, vertices.front().position};
+    for (const Vertex &vertex : vertices)
+        for (const auto axis : {&Vec3::x, &Vec3::y, &Vec3::z}) {
+            bounds.lowest.*axis = std::min(bounds.lowest.*axis, vertex.position.*axis);
+            bounds.highest.*axis = std::max(bounds.highest.*axis, vertex.position.*axis);
+        }
+    return bounds;
+}
 
 Scene read_scene(std::string_view text, Problems &problems)
 {

@@ -4,6 +4,8 @@
 #include "geometry.h"
 #include "statements.h"
 
+#include <span>
+
 // Coordinates beyond this are left out: they would not survive the floats of OpenGL.
 inline constexpr double largest_coordinate = 1e15;
 
@@ -60,10 +62,18 @@ struct Scene {
     std::uint32_t first_concave_line = 0;
     std::size_t unbalanced_matrix_calls = 0; // pops without a push, and pushes never popped
     bool is_whole = false;                   // it ends with the footer that every complete file has
+    double unit = 1;                         // a unit of the design file, in those of the scene
     Vec3 lowest, highest;                    // the bounds; both zero without vertices
 
     Vec3 centre() const { return (lowest + highest) * 0.5; }
 };
+
+struct Bounds {
+    Vec3 lowest, highest;
+};
+
+// Both corners are zero without vertices.
+Bounds bounds_of(std::span<const Vertex> vertices);
 
 // Reads an output file and plays its statements. What OpenGL would refuse (a vertex outside a block, a pop
 // from an empty stack, a coordinate too large) is left out and told to `problems`; a missing glEnd is put in.

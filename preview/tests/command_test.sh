@@ -69,6 +69,8 @@ usage()
     expect 2 "'9,9,9' is not" town.ogl --resolution 9,9,9
     expect 2 "'nan' is not" town.ogl --camera-zoom-factor=nan
     expect 2 "'0,0,2' is not R,G,B" town.ogl --background-color=0,0,2
+    expect 2 "'1,2' is not X,Y,Z" town.ogl --camera-position=1,2
+    expect 1 'town.ogl: there is no object "mill"; the objects are 1 to 1' town.ogl --object=mill --output=no.png
     expect 2 "below not in" town.ogl --view=below
     expect 1 "cannot read nowhere.ogl: No such file" nowhere.ogl
     expect 1 "cannot read .: Is a directory" .
@@ -161,8 +163,16 @@ window()
     changes "dragging"
     xdotool click 4
     changes "the wheel"
+    xdotool keydown shift mousemove 200 150 mousedown 1 mousemove 240 150 mouseup 1 keyup shift
+    changes "moving"
+    xdotool mousemove 170 150 click --repeat 2 --delay 50 1
+    changes "the double click"
     xdotool key t
     changes "the view from the top"
+    for key in p l Left plus r; do
+        xdotool key $key
+        changes "the key $key"
+    done
     xdotool key q
     for _ in $(seq 20); do kill -0 $viewer 2>/dev/null && sleep 0.5; done
     kill -0 $viewer 2>/dev/null && fail "q does not end the window" && kill $viewer

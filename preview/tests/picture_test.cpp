@@ -66,13 +66,13 @@ Picture draw(const std::string &text, std::string_view view, bool lit, int tile_
     const Offscreen tile(std::min(width, tile_size), std::min(height, tile_size));
     Appearance appearance;
     appearance.lit = lit;
-    appearance.thickness = oversampling;
-    const Drawing drawing(scene, load_textures(scene.textures, finder, missing_textures), appearance);
+    const Drawing drawing(scene, load_textures(scene.textures, finder, missing_textures));
     Picture picture{width, height, {}};
     for (const NamedView &each : named_views)
         if (each.name == view)
-            draw_picture(tile, drawing, frame(scene, each.direction, {1.0 * width / height, 1, true}), width,
-                         height, [&](const Picture &rows) {
+            draw_picture(tile, drawing,
+                         frame(scene.vertices, each.direction, {0.268, true}, 1.0 * width / height),
+                         appearance, width, height, [&](const Picture &rows) {
                              picture.rgb.insert(picture.rgb.end(), rows.rgb.begin(), rows.rgb.end());
                          });
     return picture;

@@ -1,0 +1,38 @@
+// What the user sees in a window, changed by mouse and keys. It knows no window system.
+#pragma once
+
+#include "loading.h"
+#include "options.h"
+#include "picking.h"
+
+#include <memory>
+
+// A context must be current for the whole life.
+class Viewer {
+  public:
+    Viewer(const Options &asked, Loaded first);
+
+    // Places are in parts of the picture, as Camera has them; ways in degrees, or parts of half its height.
+    void resize(int to_width, int to_height);
+    void turn(double to_the_right, double up);
+    void move(double right, double up);
+    void approach(double factor, double x, double y);
+    void look_at(double x, double y);
+
+    // A key by what is written on it. False when it has no meaning.
+    bool press(char key);
+
+    void draw();
+
+    bool is_stale = true; // the window shows something else
+
+  private:
+    double aspect() const { return static_cast<double>(width) / height; }
+    void go_to(const NamedView &view);
+
+    Options options;
+    Loaded loaded;
+    std::unique_ptr<Drawing> drawing;
+    int width, height; // in pixels
+    Camera camera;
+};
