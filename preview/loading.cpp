@@ -43,6 +43,12 @@ Loaded load(const std::string &path, const std::vector<std::string> &texture_dir
     return loaded;
 }
 
+void require_whole(const Loaded &loaded)
+{
+    if (!loaded.scene.is_whole)
+        throw std::runtime_error(loaded.file + " is not complete: its last four lines are missing");
+}
+
 const DesignObject *design_object(const Loaded &loaded, const SceneObject &object)
 {
     const auto index = static_cast<std::size_t>(object.number) - 1; // wraps where there is no number

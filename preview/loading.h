@@ -20,5 +20,8 @@ struct Loaded {
 // nothing to show.
 Loaded load(const std::string &path, const std::vector<std::string> &texture_dirs, FilesRead &files_read);
 
+// Throws std::runtime_error when the scene is an output file that lacks its end: somebody still writes it.
+void require_whole(const Loaded &loaded);
+
 // The object of the design file for an object of the scene; null when it is not known.
 const DesignObject *design_object(const Loaded &loaded, const SceneObject &object);

@@ -3,30 +3,19 @@
 #include "picture.h"
 #include "png_file.h"
 #include "report.h"
+#include "watcher.h"
 #include "window.h"
 
+#include <chrono>
 #include <iostream>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
-void write_picture(const Options &options, const Loaded &loaded)
+// Loads what is asked for, and tells what is wrong with it.
+Loaded load_and_report(const Options &options, FilesRead &files_read)
 {
-    const auto [width, height] = options.resolution;
-    const Camera camera = first_camera(loaded, options.look, static_cast<double>(width) / height);
-    const Offscreen tile(std::min(width, largest_tile), std::min(height, largest_tile));
-    const Drawing drawing(loaded.scene, loaded.textures);
-    OutputFile file(options.output);
-    PngEncoder png(width, height);
-    draw_picture(tile, drawing, camera, options.appearance, width, height,
-                 [&](const Picture &rows) { file.write(png.add(rows)); });
-    file.write(png.end());
-    file.close();
-}
-
-void run(const Options &options)
-{
-    FilesRead files_read;
     Loaded loaded = load(options.input, options.texture_folders, files_read);
     if (!options.output.empty())
         refuse_overwriting(options.output, files_read.names());
@@ -35,12 +24,55 @@ void run(const Options &options)
         write_report(options.output == "-" ? std::cerr : std::cout, loaded);
         flush_standard_output();
     }
+    return loaded;
+}
+
+void write_picture(const Options &options, const Loaded &loaded, OutputFile file)
+{
+    const auto [width, height] = options.resolution;
+    const Camera camera = first_camera(loaded, options.look, static_cast<double>(width) / height);
+    const Offscreen tile(std::min(width, largest_tile), std::min(height, largest_tile));
+    const Drawing drawing(loaded.scene, loaded.textures);
+    PngEncoder png(width, height);
+    draw_picture(tile, drawing, camera, options.appearance, width, height,
+                 [&](const Picture &rows) { file.write(png.add(rows)); });
+    file.write(png.end());
+    file.close();
+}
+
+// Writes a picture at each change, for ever.
+[[noreturn]] void write_pictures(const Options &options, Loaded loaded, FilesRead files_read)
+{
+    write_picture(options, loaded, OutputFile::replacing(options.output));
+    Watcher watcher;
+    for (watcher.watch(std::move(files_read));;) {
+        std::this_thread::sleep_for(std::chrono::duration<double>(Watcher::seconds_between_looks));
+        if (!watcher.finds_change())
+            continue;
+        FilesRead read_again;
+        try {
+            loaded = load_and_report(options, read_again);
+            require_whole(loaded);
+            write_picture(options, loaded, OutputFile::replacing(options.output));
+        } catch (const std::exception &error) {
+            std::cerr << "marlogl-preview: " << error.what() << '\n';
+        }
+        watcher.watch(std::move(read_again));
+    }
+}
+
+void run(const Options &options)
+{
+    FilesRead files_read;
+    Loaded loaded = load_and_report(options, files_read);
     if (!options.render)
         return;
     if (options.output.empty())
-        show_window(options, std::move(loaded));
+        show_window(options, std::move(loaded), std::move(files_read));
+    else if (options.watch)
+        write_pictures(options, std::move(loaded), std::move(files_read));
     else
-        write_picture(options, loaded);
+        write_picture(options, loaded, OutputFile(options.output));
 }
 
 } // namespace

@@ -107,6 +107,7 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory)
         ->allow_extra_args(false);
+    app.add_flag("--watch", options.watch, "Show or write it again whenever its files change");
     app.add_flag("--no-render", no_render, "Read the file only");
     app.add_flag("--verbose", options.verbose, "Report what the file holds");
 
@@ -121,6 +122,11 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
         return {};
     }
 
+    if (options.watch && (no_render || options.output == "-")) {
+        std::cerr << "marlogl-preview: --watch needs a window or a picture in a file (see --help)\n";
+        exit_status = 2;
+        return {};
+    }
     for (const NamedView &each : named_views)
         if (each.name == view) {
             options.look.direction = {each.direction.azimuth + azimuth[0],

@@ -15,6 +15,7 @@ struct Options {
     FirstLook look;
     Appearance appearance;
     std::vector<std::string> texture_folders;
+    bool watch = false;
     bool render = true;
     bool verbose = false;
 };

@@ -69,11 +69,10 @@ void set(GLenum capability, bool on)
 
 Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
 {
-    std::vector<unsigned> names;
     for (const Bitmap &bitmap : textures.bitmaps)
-        names.push_back(upload_texture(bitmap));
+        texture_names.push_back(upload_texture(bitmap));
     for (const std::uint32_t number : textures.of_name)
-        paints.push_back({names[number], textures.bitmaps[number].stands_in});
+        paints.push_back({texture_names[number], textures.bitmaps[number].stands_in});
     const Vec3 centre = scene.centre();
     corners.reserve(scene.vertices.size());
     for (const auto &[position, normal, s, t, colour] : scene.vertices) {
@@ -85,6 +84,11 @@ Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
             { colour[0],                     colour[1],                                             colour[2],                 255}
         });
     }
+}
+
+Drawing::~Drawing()
+{
+    glDeleteTextures(static_cast<int>(texture_names.size()), texture_names.data());
 }
 
 void Drawing::draw(const Camera &camera, const Appearance &appearance, int width, int height, int left,

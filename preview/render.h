@@ -17,6 +17,9 @@ class Drawing {
   public:
     // `textures` are those of the scene.
     Drawing(const Scene &scene, const Textures &textures);
+    ~Drawing();
+    Drawing(const Drawing &) = delete;
+    Drawing &operator=(const Drawing &) = delete;
 
     // Draws a picture of width x height pixels into the current framebuffer, so that the pixel (left, bottom)
     // of the picture, counted from its lower left corner, comes to the lower left corner of the framebuffer.
@@ -39,6 +42,7 @@ class Drawing {
     void draw_runs(bool lit) const;
 
     const Scene &scene;
+    std::vector<unsigned> texture_names;
     std::vector<Corner> corners; // one for each vertex of the scene
     std::vector<Paint> paints;   // one for each texture name of the scene
 };

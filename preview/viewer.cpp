@@ -1,5 +1,11 @@
 #include "viewer.h"
 
+#include "font.h"
+#include "overlay.h"
+#include "report.h"
+
+#include <algorithm>
+#include <iostream>
 #include <utility>
 
 Viewer::Viewer(const Options &asked, Loaded first)
@@ -85,4 +91,27 @@ bool Viewer::press(char key)
 void Viewer::draw()
 {
     drawing->draw(camera, options.appearance, width, height);
+    const int dot = std::clamp(height / 300, 1, 4);
+    const Overlay overlay(width, height, dot);
+    if (!message.empty())
+        overlay.panel(8, 8, in_lines(message, overlay.columns()));
+}
+
+FilesRead Viewer::reload()
+{
+    FilesRead files_read;
+    try {
+        Loaded fresh = load(options.input, options.texture_folders, files_read);
+        require_whole(fresh);
+        drawing.reset();
+        loaded = std::move(fresh);
+        drawing = std::make_unique<Drawing>(loaded.scene, loaded.textures);
+        message.clear();
+        write_warnings(std::cerr, loaded);
+    } catch (const std::exception &error) {
+        message = error.what();
+        std::cerr << "marlogl-preview: " << message << '\n';
+    }
+    is_stale = true;
+    return files_read;
 }

@@ -24,6 +24,9 @@ class Viewer {
 
     void draw();
 
+    // Loads the files again, and says which. When that fails the scene stays, with a message over it.
+    FilesRead reload();
+
     bool is_stale = true; // the window shows something else
 
   private:
@@ -35,4 +38,5 @@ class Viewer {
     std::unique_ptr<Drawing> drawing;
     int width, height; // in pixels
     Camera camera;
+    std::string message;
 };

@@ -1,5 +1,7 @@
 #include "window.h"
 
+#include "watcher.h"
+
 #define GLFW_INCLUDE_NONE
 #include <GLFW/glfw3.h>
 
@@ -196,7 +198,7 @@ class Input {
 
 } // namespace
 
-void show_window(const Options &options, Loaded loaded)
+void show_window(const Options &options, Loaded loaded, FilesRead files_read)
 {
     const Window window("marlogl-preview - " + options.input, options.resolution[0], options.resolution[1]);
     int width = 1, height = 1;
@@ -205,11 +207,23 @@ void show_window(const Options &options, Loaded loaded)
     in_window.resolution = {std::max(width, 1), std::max(height, 1)};
     Viewer viewer(in_window, std::move(loaded));
     const Input input(window.handle, viewer);
+    Watcher watcher;
+    watcher.watch(std::move(files_read));
+    double looked_at = glfwGetTime();
     while (glfwWindowShouldClose(window.handle) == GLFW_FALSE) {
         if (std::exchange(viewer.is_stale, false)) {
             viewer.draw();
             glfwSwapBuffers(window.handle);
         }
-        glfwWaitEvents();
+        if (!options.watch) {
+            glfwWaitEvents();
+            continue;
+        }
+        glfwWaitEventsTimeout(Watcher::seconds_between_looks);
+        if (glfwGetTime() - looked_at < Watcher::seconds_between_looks)
+            continue;
+        looked_at = glfwGetTime();
+        if (watcher.finds_change())
+            watcher.watch(viewer.reload());
     }
 }

@@ -4,4 +4,5 @@
 #include "viewer.h"
 
 // Shows the scene until the user leaves. Throws std::runtime_error without a display.
-void show_window(const Options &options, Loaded loaded);
+// With options.watch it reads the files again when they have changed since they were noted.
+void show_window(const Options &options, Loaded loaded, FilesRead files_read);

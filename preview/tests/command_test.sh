@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|window PROGRAM CONVERTER EXAMPLES
+# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|watch|window PROGRAM CONVERTER EXAMPLES
 # Ends with 77 when this machine has no OpenGL driver or no virtual display.
 
 part=$1
@@ -47,6 +47,29 @@ glPopMatrix();
 END
 printf 'no statement at all\n' >letter.txt
 
+cat >house.mr2 <<'END'
+A23
+Bhouse
+P0236
+P0730
+P0113
+P0614
+K01Y
+F01front
+K02Y
+F02side
+END
+
+# until COMMAND...: waits for it to succeed.
+until_it()
+{
+    for _ in $(seq 100); do
+        "$@" && return
+        sleep 0.2
+    done
+    false
+}
+
 require_driver()
 {
     "$program" town.ogl --output=probe.png 2>err && return
@@ -71,6 +94,7 @@ usage()
     expect 2 "'0,0,2' is not R,G,B" town.ogl --background-color=0,0,2
     expect 2 "'1,2' is not X,Y,Z" town.ogl --camera-position=1,2
     expect 1 'town.ogl: there is no object "mill"; the objects are 1 to 1' town.ogl --object=mill --output=no.png
+    expect 2 "--watch needs" town.ogl --watch --output=-
     expect 2 "below not in" town.ogl --view=below
     expect 1 "cannot read nowhere.ogl: No such file" nowhere.ogl
     expect 1 "cannot read .: Is a directory" .
@@ -136,6 +160,29 @@ picture()
     [ ! -e /dev/full ] || expect 1 "cannot write /dev/full" town.ogl --output=/dev/full
 }
 
+# Each change of the design file makes a new picture, and a fault leaves the last one.
+watch()
+{
+    require_driver
+    cp house.mr2 live.mr2
+    timeout 100 "$program" live.mr2 --watch --output=live.png --resolution=80,60 2>err &
+    viewer=$!
+    until_it cmp -s live.png live.png || fail "no picture: $(cat err)"
+    cp live.png first.png
+    sed -i 's/P0236/P0296/' live.mr2
+    until_it sh -c '! cmp -s live.png first.png' || fail "no new picture"
+    cp live.png second.png
+    rm live.mr2
+    until_it grep -q live.mr2 err || fail "the missing file is not told: $(cat err)"
+    printf 'P72 1\n' | cat house.mr2 - >live.mr2
+    until_it grep -q 'live.mr2:11: record "P72 1"' err || fail "no message: $(cat err)"
+    cmp -s live.png second.png || fail "the picture of a faulty file was written"
+    cp house.mr2 live.mr2
+    until_it cmp -s live.png first.png || fail "the picture does not come back"
+    [ ! -e live.png.new ] || fail "half a picture was left"
+    kill $viewer
+}
+
 window()
 {
     for tool in Xvfb xdotool; do
@@ -173,6 +220,30 @@ window()
         xdotool key $key
         changes "the key $key"
     done
+    screen_is_back()
+    {
+        now=$(cksum <screen/Xvfb_screen0)
+        [ "$now" = "$good" ]
+    }
+    leave
+    cp house.mr2 live.mr2
+    "$program" live.mr2 --watch --resolution=400,300 2>err &
+    viewer=$!
+    timeout 30 xdotool search --sync --name "marlogl-preview - live.mr2" >/dev/null || fail "no window: $(cat err)"
+    changes "the second window"
+    xdotool mousemove 200 150 click 4
+    changes "coming closer"
+    good=$seen
+    echo 'P72 1' >>live.mr2
+    changes "a fault in the design file"
+    cp house.mr2 live.mr2.new && mv live.mr2.new live.mr2
+    until_it screen_is_back || fail "the view does not come back without the fault"
+    leave
+}
+
+# Ends the viewer as a user does.
+leave()
+{
     xdotool key q
     for _ in $(seq 20); do kill -0 $viewer 2>/dev/null && sleep 0.5; done
     kill -0 $viewer 2>/dev/null && fail "q does not end the window" && kill $viewer
