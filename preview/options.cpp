@@ -99,8 +99,13 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     add_numbers(app, "--camera-focal-point", "What to look at, in units of the design file", anywhere,
                 focal_point);
     app.add_flag("--camera-orthographic", options.look.lens.orthographic, "No perspective");
-    add_numbers(app, "--background-color", "Red, green, blue [0.3,0.35,0.4]", {"R,G,B", 0.0f, 1.0f},
-                options.appearance.background);
+    Colour background{};
+    add_numbers(app, "--background-color", "Red, green, blue in place of the sky", {"R,G,B", 0.0f, 1.0f},
+                background);
+    bool no_shadows = false;
+    app.add_flag("--no-shadows", no_shadows, "No shadows on the ground");
+    bool no_edges = false;
+    app.add_flag("--no-edges", no_edges, "No dark lines along the edges of faces");
     app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
     app.add_option("--texture-dir", options.texture_folders,
                    "One more folder with textures (BMP); repeatable")
@@ -139,6 +144,10 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
         options.look.position = position;
     if (app.count("--camera-focal-point") > 0)
         options.look.focal_point = focal_point;
+    if (app.count("--background-color") > 0)
+        options.appearance.background = background;
+    options.appearance.shadows = !no_shadows;
+    options.appearance.edges = !no_edges;
     options.appearance.lit = !unlit;
     options.render = !no_render;
     return options;

@@ -277,8 +277,10 @@ class Builder {
         complete_normals();
         const auto object = static_cast<std::uint32_t>(scene.objects.size() - 1);
         const std::size_t first_corner = scene.corners.size();
+        const auto outline_size = static_cast<std::uint32_t>(scene.vertices.size() - first);
         const Shape shape = cutter.cut(scene.vertices, first, scene.corners);
-        scene.faces.push_back({line, object, texture, first_corner, scene.corners.size() - first_corner});
+        scene.faces.push_back({line, object, texture, first_corner, scene.corners.size() - first_corner,
+                               static_cast<std::uint32_t>(first), outline_size});
         if (shape == Shape::convex)
             return;
         if (++scene.concave_faces == 1)

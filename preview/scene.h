@@ -29,10 +29,12 @@ struct Run {
 
 // A polygon of the file.
 struct Face {
-    std::uint32_t line;                      // of its end
-    std::uint32_t object;                    // index into Scene::objects
+    std::uint32_t line = 0;                  // of its end
+    std::uint32_t object = 0;                // index into Scene::objects
     std::uint32_t texture = Run::untextured; // as in Run
     std::size_t first = 0, count = 0;        // its triangles: a range of Scene::corners
+    std::uint32_t outline = 0;               // its corners as they were written: a range of Scene::vertices
+    std::uint32_t outline_size = 0;
 };
 
 // What the file announces as an object, and all that comes before the next one.

@@ -79,6 +79,9 @@ bool Viewer::press(char key)
     case '-':
         approach(step, 0, 0);
         break;
+    case 'e':
+        options.appearance.edges = !options.appearance.edges;
+        break;
     case 'l':
         options.appearance.lit = !options.appearance.lit;
         break;
