@@ -52,6 +52,12 @@ bool make_current(EGLDisplay display, EGLint width, EGLint height)
            eglMakeCurrent(display, surface, surface, context) == EGL_TRUE;
 }
 
+void refuse_errors()
+{
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+        throw std::runtime_error("the OpenGL driver reports error " + std::to_string(error));
+}
+
 } // namespace
 
 Offscreen::Offscreen(int picture_width, int picture_height) : width(picture_width), height(picture_height)
@@ -97,7 +103,18 @@ Picture Offscreen::read() const
                 *to++ = static_cast<std::uint8_t>(sum / (n * n));
             }
     }
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
-        throw std::runtime_error("the OpenGL driver reports error " + std::to_string(error));
+    refuse_errors();
+    return picture;
+}
+
+Picture read_framebuffer(int width, int height)
+{
+    const auto stride = static_cast<std::size_t>(width) * 3, rows = static_cast<std::size_t>(height);
+    Picture picture{width, height, std::vector<std::uint8_t>(stride * rows)};
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    for (std::size_t row = 0; row < rows; ++row)
+        glReadPixels(0, height - 1 - static_cast<int>(row), width, 1, GL_RGB, GL_UNSIGNED_BYTE,
+                     picture.rgb.data() + row * stride);
+    refuse_errors();
     return picture;
 }

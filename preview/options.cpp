@@ -42,21 +42,6 @@ void add_numbers(CLI::App &app, const char *option, const char *help, Range<Numb
     app.add_option_function<std::string>(option, store, help)->type_name(range.shape);
 }
 
-constexpr const char *footer = R"(In the window:
-  drag          turn; with Shift or the right button: move
-  wheel         come closer, at the pointer
-  double click  look at this point
-  t f b i       view from the top, front, back; isometric
-  1 2 3 4 7 9   view from the front, back, right, left, top; isometric
-  5 p           with and without perspective
-  r Enter       the first view again
-  arrows + -    turn, come closer, go away
-  l             light
-  F11           full screen
-  q Esc         leave
-
-Exit status: 0 done, 1 failed, 2 wrong usage.)";
-
 } // namespace
 
 std::optional<Options> parse_options(int argc, const char *const *argv, int &exit_status)
@@ -72,7 +57,8 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
 
     CLI::App app("Shows a design file or an output file of MarlOgl: in a window, or as a picture.",
                  "marlogl-preview");
-    app.footer(footer);
+    app.footer(std::string("In the window:\n") + keys_help +
+               "\n\nExit status: 0 done, 1 failed, 2 wrong usage.");
     app.set_version_flag("--version", "marlogl-preview " MARLOGL_PREVIEW_VERSION);
     app.add_option("file", options.input,
                    "Design file (.mr2, .mrl), MarlOgl.dat, or output file of up to 64 MB")

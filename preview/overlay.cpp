@@ -26,22 +26,41 @@ Overlay::Overlay(int to_width, int to_height, int of_dot) : width(to_width), hei
         glDisable(capability);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    glMatrixMode(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glOrtho(0, width, height, 0, -1, 1);
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
+    use_screen();
 }
 
 Overlay::~Overlay()
 {
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glMatrixMode(GL_MODELVIEW);
-    glPopMatrix();
+    use_world();
     glPopAttrib();
+}
+
+void Overlay::use_screen() const
+{
+    for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+        glMatrixMode(matrix);
+        glPushMatrix();
+        glLoadIdentity();
+    }
+    glOrtho(0, width, height, 0, -1, 1);
+}
+
+void Overlay::use_world() const
+{
+    for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+        glMatrixMode(matrix);
+        glPopMatrix();
+    }
+}
+
+double Overlay::width_of(std::string_view text) const
+{
+    return static_cast<double>(text.size()) * glyph_advance * dot;
+}
+
+double Overlay::line_height() const
+{
+    return static_cast<double>(line_advance) * dot;
 }
 
 std::size_t Overlay::columns() const
@@ -71,12 +90,10 @@ void Overlay::panel(int left, int top, std::string_view text) const
 
 void Overlay::label(double x, double y, std::string_view text) const
 {
-    const double left = std::floor(x - static_cast<double>(text.size()) * glyph_advance * dot / 2),
-                 top = std::floor(y - line_advance * dot);
+    const double left = std::floor(x - width_of(text) / 2), top = std::floor(y - line_height());
     glColor4ub(16, 20, 28, 150);
     glBegin(GL_QUADS);
-    rectangle(left - 2 * dot, top - dot, left + static_cast<double>(text.size()) * glyph_advance * dot + dot,
-              top + (glyph_height + 1) * dot);
+    rectangle(left - 2 * dot, top - dot, left + width_of(text) + dot, top + (glyph_height + 1) * dot);
     glEnd();
     glColor4ub(255, 255, 255, 255);
     write(left, top, text);

@@ -14,6 +14,13 @@ class Overlay {
     Overlay(const Overlay &) = delete;
     Overlay &operator=(const Overlay &) = delete;
 
+    // Between these two calls the matrices are those of the scene again.
+    void use_world() const;
+    void use_screen() const;
+
+    double width_of(std::string_view text) const;
+    double line_height() const;
+
     // How many characters fit on a line.
     std::size_t columns() const;
 

@@ -178,15 +178,14 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
     if (!appearance.background)
         draw_sky();
     const bool with_shadows = appearance.lit && appearance.shadows && camera.position().z > 0;
-    Bounds seen{scene.lowest, scene.highest};
-    if (with_shadows)
-        for (const Vec3 corner : {shadow_of(scene.lowest), shadow_of(scene.highest)})
-            seen = {
-                {std::min(seen.lowest.x,  corner.x), std::min(seen.lowest.y,  corner.y),
-                 std::min(seen.lowest.z,  0.0)},
-                {std::max(seen.highest.x, corner.x), std::max(seen.highest.y, corner.y),
-                 std::max(seen.highest.z, 0.0)}
-            };
+    Bounds seen{scene.lowest, scene.highest}; // and shadows and grid on the ground
+    for (const Vec3 corner : {shadow_of(scene.lowest), shadow_of(scene.highest)})
+        seen = {
+            {std::min(seen.lowest.x,  corner.x), std::min(seen.lowest.y,  corner.y),
+             std::min(seen.lowest.z,  0.0)},
+            {std::max(seen.highest.x, corner.x), std::max(seen.highest.y, corner.y),
+             std::max(seen.highest.z, 0.0)}
+        };
     load(matrices_of(camera, static_cast<double>(width) / height, scene.centre(), seen.lowest, seen.highest));
     const Vec3 back = axes_of(camera.direction).back;
     const auto towards = faces_towards(mesh, scene, camera.lens.orthographic ? back : camera.position(),

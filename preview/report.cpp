@@ -1,19 +1,10 @@
 #include "report.h"
 
 #include <algorithm>
+#include <iomanip>
+#include <sstream>
 
 namespace {
-
-// Names come from the file with any bytes and length; control characters would reach the terminal.
-std::string printable(std::string text)
-{
-    constexpr std::size_t longest = 1000;
-    if (text.size() > longest)
-        text = text.substr(0, longest) + "...";
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
-    return text;
-}
 
 void write_problems(std::ostream &to, const std::string &file, const Problems &problems)
 {
@@ -25,6 +16,41 @@ void write_problems(std::ostream &to, const std::string &file, const Problems &p
 }
 
 } // namespace
+
+std::string printable(std::string text)
+{
+    constexpr std::size_t longest = 1000;
+    if (text.size() > longest)
+        text = text.substr(0, longest) + "...";
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, '?');
+    return text;
+}
+
+std::string describe(const Loaded &loaded, const Face &face, Vec3 point)
+{
+    const SceneObject &object = loaded.scene.objects[face.object];
+    const DesignObject *const design = design_object(loaded, object);
+    std::ostringstream text;
+    text << loaded.file << ':' << (design != nullptr ? design->line : face.line) << ": object "
+         << object.number << " \"" << object.name << '"';
+    if (design != nullptr && !design->kind.empty())
+        text << ", " << design->kind;
+    if (face.texture != Run::untextured) {
+        const std::string &texture = loaded.scene.textures[face.texture].name;
+        text << ", texture \"" << texture << '"';
+        const char *before = " of face slot ";
+        if (design != nullptr && design->drawn_as < loaded.source.objects.size())
+            for (const DesignTexture &slot : loaded.source.objects[design->drawn_as].textures)
+                if (slot.name == texture) {
+                    text << before << slot.slot << " (line " << slot.line << ')';
+                    before = ", ";
+                }
+    }
+    const Vec3 at = point * (1 / loaded.scene.unit);
+    text << std::fixed << std::setprecision(1) << ", at " << at.x << ", " << at.y << ", " << at.z;
+    return printable(text.str());
+}
 
 void write_warnings(std::ostream &to, const Loaded &loaded)
 {

@@ -1,7 +1,9 @@
 #include "viewer.h"
 
+#include "files.h"
 #include "font.h"
-#include "overlay.h"
+#include "marks.h"
+#include "png_file.h"
 #include "report.h"
 
 #include <algorithm>
@@ -11,7 +13,8 @@
 Viewer::Viewer(const Options &asked, Loaded first)
     : options(asked), loaded(std::move(first)),
       drawing(std::make_unique<Drawing>(loaded.scene, loaded.textures)), width(options.resolution[0]),
-      height(options.resolution[1]), camera(first_camera(loaded, options.look, aspect()))
+      height(options.resolution[1]), camera(first_camera(loaded, options.look, aspect())),
+      shown_title("marlogl-preview - " + options.input)
 {
 }
 
@@ -79,6 +82,18 @@ bool Viewer::press(char key)
     case '-':
         approach(step, 0, 0);
         break;
+    case 'g':
+        shows_grid = !shows_grid;
+        break;
+    case 'x':
+        shows_axes = !shows_axes;
+        break;
+    case 'n':
+        shows_names = !shows_names;
+        break;
+    case '?':
+        shows_help = !shows_help;
+        break;
     case 'e':
         options.appearance.edges = !options.appearance.edges;
         break;
@@ -91,13 +106,63 @@ bool Viewer::press(char key)
     return is_stale = true;
 }
 
+void Viewer::select(double x, double y)
+{
+    note.clear();
+    shown_title = "marlogl-preview - " + options.input;
+    selected = pick(loaded.scene, camera.ray(x, y, aspect()));
+    if (selected) {
+        const Face &face = loaded.scene.faces[selected->face];
+        const SceneObject &object = loaded.scene.objects[face.object];
+        note = describe(loaded, face, selected->point);
+        shown_title += " - " + std::to_string(object.number) + ' ' + printable(object.name);
+        std::cout << note << std::endl;
+    }
+    is_stale = true;
+}
+
 void Viewer::draw()
 {
     drawing->draw(camera, options.appearance, width, height);
     const int dot = std::clamp(height / 300, 1, 4);
     const Overlay overlay(width, height, dot);
+    const Screen screen{loaded.scene, camera, width, height};
+    if (shows_grid)
+        draw_grid(screen, overlay);
+    if (shows_axes)
+        draw_axes(screen, overlay);
+    if (selected)
+        draw_outline(screen, overlay, loaded.scene.faces[selected->face]);
+    if (shows_names)
+        draw_names(screen, overlay);
+    if (!note.empty())
+        overlay.panel(8, -8, in_lines(note, overlay.columns()));
+    if (shows_help)
+        overlay.panel(8, 8, keys_help);
     if (!message.empty())
         overlay.panel(8, 8, in_lines(message, overlay.columns()));
+}
+
+void Viewer::save_picture()
+{
+    std::filesystem::path file = options.input;
+    file.replace_extension();
+    const std::string stem = file.string();
+    std::string name = stem + ".png";
+    for (int number = 2; std::filesystem::exists(name); ++number)
+        name = stem + '-' + std::to_string(number) + ".png";
+    try {
+        drawing->draw(camera, options.appearance, width, height);
+        PngEncoder png(width, height);
+        OutputFile to = OutputFile::replacing(name);
+        to.write(png.add(read_framebuffer(width, height)));
+        to.write(png.end());
+        to.close();
+        note = "written: " + name;
+    } catch (const std::exception &error) {
+        note = error.what();
+    }
+    is_stale = true;
 }
 
 FilesRead Viewer::reload()
@@ -110,6 +175,8 @@ FilesRead Viewer::reload()
         loaded = std::move(fresh);
         drawing = std::make_unique<Drawing>(loaded.scene, loaded.textures);
         message.clear();
+        selected.reset();
+        note.clear();
         write_warnings(std::cerr, loaded);
     } catch (const std::exception &error) {
         message = error.what();

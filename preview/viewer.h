@@ -18,6 +18,8 @@ class Viewer {
     void move(double right, double up);
     void approach(double factor, double x, double y);
     void look_at(double x, double y);
+    // Tells about the face there, over the picture and on standard output.
+    void select(double x, double y);
 
     // A key by what is written on it. False when it has no meaning.
     bool press(char key);
@@ -26,6 +28,11 @@ class Viewer {
 
     // Loads the files again, and says which. When that fails the scene stays, with a message over it.
     FilesRead reload();
+
+    // Writes what is seen beside the file that is shown.
+    void save_picture();
+
+    const std::string &title() const { return shown_title; }
 
     bool is_stale = true; // the window shows something else
 
@@ -38,5 +45,8 @@ class Viewer {
     std::unique_ptr<Drawing> drawing;
     int width, height; // in pixels
     Camera camera;
-    std::string message;
+    std::string message, note; // of a fault, and of what was just done
+    std::string shown_title;
+    std::optional<Hit> selected;
+    bool shows_grid = false, shows_axes = false, shows_names = false, shows_help = false;
 };

@@ -89,8 +89,8 @@ class Input {
                 input_of(from).viewer.press(static_cast<char>(code));
         });
         glfwSetMouseButtonCallback(window, [](GLFWwindow *from, int button, int action, int) {
-            if (button == GLFW_MOUSE_BUTTON_LEFT && action == GLFW_PRESS)
-                input_of(from).press_button();
+            if (button == GLFW_MOUSE_BUTTON_LEFT)
+                action == GLFW_PRESS ? input_of(from).press_button() : input_of(from).release_button();
         });
         glfwSetCursorPosCallback(window,
                                  [](GLFWwindow *from, double x, double y) { input_of(from).move(x, y); });
@@ -102,6 +102,8 @@ class Input {
                 input_of(from).viewer.resize(width, height);
         });
     }
+
+    bool wants_reload = false;
 
   private:
     static Input &input_of(GLFWwindow *window)
@@ -131,6 +133,12 @@ class Input {
             viewer.turn(key == GLFW_KEY_LEFT ? -degrees : degrees, 0);
         else if (key == GLFW_KEY_UP || key == GLFW_KEY_DOWN)
             viewer.turn(0, key == GLFW_KEY_UP ? degrees : -degrees);
+        else if (key == GLFW_KEY_F1)
+            viewer.press('?');
+        else if (key == GLFW_KEY_F5)
+            wants_reload = true;
+        else if (key == GLFW_KEY_F12 || (letter == 's' && control))
+            viewer.save_picture();
         else if (key == GLFW_KEY_F11)
             toggle_full_screen();
     }
@@ -156,15 +164,26 @@ class Input {
 
     void press_button()
     {
-        constexpr double most_seconds = 0.4, most_way = 4;
+        constexpr double most_seconds = 0.4;
         const double now = glfwGetTime();
-        const bool is_double = now - pressed_at < most_seconds &&
-                               std::hypot(mouse_x - pressed_x, mouse_y - pressed_y) < most_way;
+        const bool is_double = now - pressed_at < most_seconds && is_where_pressed();
         pressed_at = is_double ? -1 : now;
         pressed_x = mouse_x;
         pressed_y = mouse_y;
         if (const auto [x, y] = cursor(); is_double)
             viewer.look_at(x, y);
+    }
+
+    void release_button()
+    {
+        if (const auto [x, y] = cursor(); pressed_at > 0 && is_where_pressed())
+            viewer.select(x, y);
+    }
+
+    bool is_where_pressed() const
+    {
+        constexpr double most_way = 4;
+        return std::hypot(mouse_x - pressed_x, mouse_y - pressed_y) < most_way;
     }
 
     void move(double x, double y)
@@ -206,7 +225,7 @@ void show_window(const Options &options, Loaded loaded, FilesRead files_read)
     Options in_window = options;
     in_window.resolution = {std::max(width, 1), std::max(height, 1)};
     Viewer viewer(in_window, std::move(loaded));
-    const Input input(window.handle, viewer);
+    Input input(window.handle, viewer);
     Watcher watcher;
     watcher.watch(std::move(files_read));
     double looked_at = glfwGetTime();
@@ -214,16 +233,15 @@ void show_window(const Options &options, Loaded loaded, FilesRead files_read)
         if (std::exchange(viewer.is_stale, false)) {
             viewer.draw();
             glfwSwapBuffers(window.handle);
+            glfwSetWindowTitle(window.handle, viewer.title().c_str());
         }
-        if (!options.watch) {
-            glfwWaitEvents();
-            continue;
+        options.watch ? glfwWaitEventsTimeout(Watcher::seconds_between_looks) : glfwWaitEvents();
+        bool changed = std::exchange(input.wants_reload, false);
+        if (options.watch && glfwGetTime() - looked_at >= Watcher::seconds_between_looks) {
+            looked_at = glfwGetTime();
+            changed |= watcher.finds_change();
         }
-        glfwWaitEventsTimeout(Watcher::seconds_between_looks);
-        if (glfwGetTime() - looked_at < Watcher::seconds_between_looks)
-            continue;
-        looked_at = glfwGetTime();
-        if (watcher.finds_change())
+        if (changed)
             watcher.watch(viewer.reload());
     }
 }

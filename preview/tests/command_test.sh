@@ -54,11 +54,8 @@ P0236
 P0730
 P0113
 P0614
-K01Y
-F01front
-K02Y
-F02side
 END
+for slot in 1 2 3 4 5 6; do printf 'K0%dY\nF0%dside\n' $slot $slot; done >>house.mr2
 
 # until COMMAND...: waits for it to succeed.
 until_it()
@@ -175,7 +172,7 @@ watch()
     rm live.mr2
     until_it grep -q live.mr2 err || fail "the missing file is not told: $(cat err)"
     printf 'P72 1\n' | cat house.mr2 - >live.mr2
-    until_it grep -q 'live.mr2:11: record "P72 1"' err || fail "no message: $(cat err)"
+    until_it grep -q 'live.mr2:19: record "P72 1"' err || fail "no message: $(cat err)"
     cmp -s live.png second.png || fail "the picture of a faulty file was written"
     cp house.mr2 live.mr2
     until_it cmp -s live.png first.png || fail "the picture does not come back"
@@ -212,11 +209,13 @@ window()
     changes "the wheel"
     xdotool keydown shift mousemove 200 150 mousedown 1 mousemove 240 150 mouseup 1 keyup shift
     changes "moving"
+    xdotool key e
+    changes "leaving out the edges"
     xdotool mousemove 170 150 click --repeat 2 --delay 50 1
     changes "the double click"
     xdotool key t
     changes "the view from the top"
-    for key in p l Left plus r; do
+    for key in p l Left plus r g x n question; do
         xdotool key $key
         changes "the key $key"
     done
@@ -227,13 +226,22 @@ window()
     }
     leave
     cp house.mr2 live.mr2
-    "$program" live.mr2 --watch --resolution=400,300 2>err &
+    "$program" live.mr2 --watch --resolution=400,300 >out 2>err &
     viewer=$!
     timeout 30 xdotool search --sync --name "marlogl-preview - live.mr2" >/dev/null || fail "no window: $(cat err)"
     changes "the second window"
     xdotool mousemove 200 150 click 4
     changes "coming closer"
     good=$seen
+    xdotool click 1
+    until_it test -s out || fail "a click tells nothing"
+    changes "choosing a face"
+    grep -q '^live.mr2:1: object 1 "house", gabled house, texture "side.bmp" of face slot 1 (line 8), 2 (line 10)' out ||
+        fail "a click tells: $(cat out)"
+    xdotool key F12
+    until_it test -s live.png || fail "F12 writes no picture"
+    xdotool key F5
+    until_it screen_is_back || fail "the view does not come back when the file is loaded again"
     echo 'P72 1' >>live.mr2
     changes "a fault in the design file"
     cp house.mr2 live.mr2.new && mv live.mr2.new live.mr2
