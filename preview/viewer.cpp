@@ -121,9 +121,22 @@ void Viewer::select(double x, double y)
     is_stale = true;
 }
 
-void Viewer::draw()
+void Viewer::draw_scene(bool smoothly)
 {
+    if (!smoothly) {
+        drawing->draw(camera, options.appearance, width, height);
+        return;
+    }
+    if (!smooth || smooth->width != width || smooth->height != height)
+        smooth = std::make_unique<SmoothFramebuffer>(width, height);
+    smooth->begin();
     drawing->draw(camera, options.appearance, width, height);
+    smooth->end();
+}
+
+void Viewer::draw(bool smoothly)
+{
+    draw_scene(smoothly);
     const int dot = std::clamp(height / 300, 1, 4);
     const Overlay overlay(width, height, dot);
     const Screen screen{loaded.scene, camera, width, height};
@@ -152,7 +165,7 @@ void Viewer::save_picture()
     for (int number = 2; std::filesystem::exists(name); ++number)
         name = stem + '-' + std::to_string(number) + ".png";
     try {
-        drawing->draw(camera, options.appearance, width, height);
+        draw_scene(true);
         PngEncoder png(width, height);
         OutputFile to = OutputFile::replacing(name);
         to.write(png.add(read_framebuffer(width, height)));

@@ -4,6 +4,7 @@
 #include "loading.h"
 #include "options.h"
 #include "picking.h"
+#include "smooth.h"
 
 #include <memory>
 
@@ -24,7 +25,8 @@ class Viewer {
     // A key by what is written on it. False when it has no meaning.
     bool press(char key);
 
-    void draw();
+    // Smoothly, or as fast as can be for a picture that moves.
+    void draw(bool smoothly);
 
     // Loads the files again, and says which. When that fails the scene stays, with a message over it.
     FilesRead reload();
@@ -38,11 +40,13 @@ class Viewer {
 
   private:
     double aspect() const { return static_cast<double>(width) / height; }
+    void draw_scene(bool smoothly);
     void go_to(const NamedView &view);
 
     Options options;
     Loaded loaded;
     std::unique_ptr<Drawing> drawing;
+    std::unique_ptr<SmoothFramebuffer> smooth;
     int width, height; // in pixels
     Camera camera;
     std::string message, note; // of a fault, and of what was just done

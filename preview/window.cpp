@@ -57,7 +57,6 @@ class Window {
         if (glfwInit() == GLFW_FALSE)
             give_up();
         keep_on_screen(width, height);
-        glfwWindowHint(GLFW_SAMPLES, 4);
         for (const int api : {GLFW_NATIVE_CONTEXT_API, GLFW_EGL_CONTEXT_API}) {
             glfwWindowHint(GLFW_CONTEXT_CREATION_API, api);
             if (handle == nullptr)
@@ -215,6 +214,22 @@ class Input {
     int before_full_screen[2] = {1000, 600};
 };
 
+// Waits for what there is to do next: for a smooth picture, while nothing moves, and for the next look at
+// files.
+void wait_for_events(bool is_rough, bool watches, const Viewer &viewer)
+{
+    constexpr double stands_still = 0.15;
+    if (is_rough) {
+        const double until = glfwGetTime() + stands_still;
+        for (double left = stands_still; left > 0 && !viewer.is_stale; left = until - glfwGetTime())
+            glfwWaitEventsTimeout(left);
+    } else if (watches) {
+        glfwWaitEventsTimeout(Watcher::seconds_between_looks);
+    } else {
+        glfwWaitEvents();
+    }
+}
+
 } // namespace
 
 void show_window(const Options &options, Loaded loaded, FilesRead files_read)
@@ -229,13 +244,17 @@ void show_window(const Options &options, Loaded loaded, FilesRead files_read)
     Watcher watcher;
     watcher.watch(std::move(files_read));
     double looked_at = glfwGetTime();
+    bool is_rough = false; // what the window shows was drawn in motion
     while (glfwWindowShouldClose(window.handle) == GLFW_FALSE) {
-        if (std::exchange(viewer.is_stale, false)) {
-            viewer.draw();
+        const bool moves = std::exchange(viewer.is_stale, false);
+        if (moves || is_rough) {
+            viewer.draw(!moves);
             glfwSwapBuffers(window.handle);
-            glfwSetWindowTitle(window.handle, viewer.title().c_str());
+            is_rough = moves;
         }
-        options.watch ? glfwWaitEventsTimeout(Watcher::seconds_between_looks) : glfwWaitEvents();
+        if (moves)
+            glfwSetWindowTitle(window.handle, viewer.title().c_str());
+        wait_for_events(is_rough, options.watch, viewer);
         bool changed = std::exchange(input.wants_reload, false);
         if (options.watch && glfwGetTime() - looked_at >= Watcher::seconds_between_looks) {
             looked_at = glfwGetTime();
