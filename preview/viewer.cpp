@@ -124,7 +124,11 @@ void Viewer::select(double x, double y)
 void Viewer::draw_scene(bool smoothly)
 {
     if (!smoothly) {
-        drawing->draw(camera, options.appearance, width, height);
+        constexpr std::size_t many_corners = 100000; // shadows and edges would cost a third of each frame
+        Appearance in_motion = options.appearance;
+        if (loaded.scene.corners.size() > many_corners)
+            in_motion.shadows = in_motion.edges = false;
+        drawing->draw(camera, in_motion, width, height);
         return;
     }
     if (!smooth || smooth->width != width || smooth->height != height)
