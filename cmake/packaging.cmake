@@ -111,8 +111,8 @@ set(CPACK_DEBIAN_PREVIEW_PACKAGE_NAME marlogl-preview)
 set(CPACK_DEBIAN_PREVIEW_PACKAGE_DEPENDS libgl1-mesa-dri)
 set(CPACK_DEBIAN_PREVIEW_PACKAGE_SUGGESTS marlogl)
 set(CPACK_DEBIAN_PREVIEW_DESCRIPTION "viewer of the scenes that MarlOgl writes
-marlogl-preview shows the OpenGL statements that MarlOgl made of a design
-file: in a window, or as a PNG picture, for which it needs no display.")
+marlogl-preview shows a design file, or the OpenGL statements that MarlOgl
+made of it: in a window, or as a PNG picture, for which it needs no display.")
 set(CPACK_DEBIAN_CHECK_PACKAGE_NAME marlogl-check)
 set(CPACK_DEBIAN_CHECK_PACKAGE_SUGGESTS marlogl)
 set(CPACK_DEBIAN_CHECK_DESCRIPTION "checker of scenery design files

@@ -23,6 +23,12 @@ class Cursor {
         return rest.starts_with(text);
     }
 
+    std::string_view remainder()
+    {
+        skip_blanks();
+        return rest;
+    }
+
     bool take(char c)
     {
         skip_blanks();

@@ -64,11 +64,21 @@ void refuse_overwriting(const std::string &output, const std::vector<fs::path> &
                                      ", which is read");
 }
 
-OutputFile::OutputFile(std::string path) : name(std::move(path))
+OutputFile::OutputFile(std::string path) : OutputFile(path, path) {}
+
+OutputFile OutputFile::replacing(std::string path)
+{
+    std::error_code ignored;
+    const bool replaces = fs::is_regular_file(path, ignored) || !fs::exists(path, ignored);
+    return {path, replaces ? path + ".new" : path};
+}
+
+OutputFile::OutputFile(std::string path, std::string written_at)
+    : name(std::move(path)), written(std::move(written_at))
 {
     if (name == "-")
         return;
-    file.reset(std::fopen(name.c_str(), "wb"));
+    file.reset(std::fopen(written.c_str(), "wb"));
     if (!file)
         fail();
 }
@@ -83,14 +93,16 @@ void OutputFile::close()
 {
     if ((file ? std::fclose(file.release()) : std::fflush(stdout)) != 0)
         fail();
+    if (written != name && std::rename(written.c_str(), name.c_str()) != 0)
+        fail();
     is_whole = true;
 }
 
 OutputFile::~OutputFile()
 {
     std::error_code ignored;
-    if (!is_whole && fs::is_regular_file(name, ignored))
-        fs::remove(name, ignored);
+    if (!is_whole && fs::is_regular_file(written, ignored))
+        fs::remove(written, ignored);
 }
 
 void OutputFile::fail() const

@@ -33,6 +33,8 @@ void refuse_overwriting(const std::string &output, const std::vector<std::filesy
 class OutputFile {
   public:
     explicit OutputFile(std::string path);
+    // One that comes to its place by close() only: until then what was there before stays there.
+    static OutputFile replacing(std::string path);
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
@@ -40,10 +42,11 @@ class OutputFile {
     void close();
 
   private:
+    OutputFile(std::string path, std::string written_at);
     [[noreturn]] void fail() const;
 
-    std::string name;
-    File file; // empty for standard output
+    std::string name, written; // the latter until close()
+    File file;                 // empty for standard output
     bool is_whole = false;
 };
 

@@ -3,68 +3,76 @@
 #include "picture.h"
 #include "png_file.h"
 #include "report.h"
+#include "watcher.h"
 #include "window.h"
 
+#include <chrono>
 #include <iostream>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
-// The largest file that MarlOgl itself writes has about 12 MB. One of this size is still shown within 1 GB.
-constexpr std::size_t most_megabytes = 64;
-
-Scene read_scene_of(const std::string &file, Problems &problems)
+// Loads what is asked for, and tells what is wrong with it.
+Loaded load_and_report(const Options &options, FilesRead &files_read)
 {
-    Scene scene = read_scene(read_file(file, most_megabytes), problems);
-    if (scene.counts.statements == 0)
-        throw std::runtime_error(file + " is no output file of MarlOgl: it holds no statement");
-    return scene;
+    Loaded loaded = load(options.input, options.texture_folders, files_read);
+    if (!options.output.empty())
+        refuse_overwriting(options.output, files_read.names());
+    write_warnings(std::cerr, loaded);
+    if (options.verbose) {
+        write_report(options.output == "-" ? std::cerr : std::cout, loaded);
+        flush_standard_output();
+    }
+    return loaded;
 }
 
-void write_picture(const Options &options, const Scene &scene, const Textures &textures, const Look &look)
+void write_picture(const Options &options, const Loaded &loaded, OutputFile file)
 {
     const auto [width, height] = options.resolution;
+    const Camera camera = first_camera(loaded, options.look, static_cast<double>(width) / height);
     const Offscreen tile(std::min(width, largest_tile), std::min(height, largest_tile));
-    Appearance appearance = options.appearance;
-    appearance.thickness = oversampling;
-    const Drawing drawing(scene, textures, appearance);
-    OutputFile file(options.output);
+    const Drawing drawing(loaded.scene, loaded.textures);
     PngEncoder png(width, height);
-    draw_picture(tile, drawing, frame(scene, look.direction, look.lens), width, height,
+    draw_picture(tile, drawing, camera, options.appearance, width, height,
                  [&](const Picture &rows) { file.write(png.add(rows)); });
     file.write(png.end());
     file.close();
 }
 
+// Writes a picture at each change, for ever.
+[[noreturn]] void write_pictures(const Options &options, Loaded loaded, FilesRead files_read)
+{
+    write_picture(options, loaded, OutputFile::replacing(options.output));
+    Watcher watcher;
+    for (watcher.watch(std::move(files_read));;) {
+        std::this_thread::sleep_for(std::chrono::duration<double>(Watcher::seconds_between_looks));
+        if (!watcher.finds_change())
+            continue;
+        FilesRead read_again;
+        try {
+            loaded = load_and_report(options, read_again);
+            require_whole(loaded);
+            write_picture(options, loaded, OutputFile::replacing(options.output));
+        } catch (const std::exception &error) {
+            std::cerr << "marlogl-preview: " << error.what() << '\n';
+        }
+        watcher.watch(std::move(read_again));
+    }
+}
+
 void run(const Options &options)
 {
-    Problems problems, texture_problems;
-    if (!options.output.empty())
-        refuse_overwriting(options.output, {options.input});
-    const Scene scene = read_scene_of(options.input, problems);
-    const TexturePlaces places = texture_places(options.input, options.texture_folders);
-    FileFinder finder(places.folders);
-    const Textures textures = load_textures(scene.textures, finder, texture_problems);
-    if (!options.output.empty()) {
-        refuse_overwriting(options.output, places.files_read);
-        refuse_overwriting(options.output, textures.files_read);
-    }
-    write_warnings(std::cerr, options.input, scene, problems, texture_problems);
-    if (options.verbose) {
-        write_report(options.output == "-" ? std::cerr : std::cout, scene, problems, textures);
-        flush_standard_output();
-    }
+    FilesRead files_read;
+    Loaded loaded = load_and_report(options, files_read);
     if (!options.render)
         return;
-    const auto [width, height] = options.resolution;
-    const Look look{
-        options.direction, {static_cast<double>(width) / height, options.zoom, options.orthographic}
-    };
     if (options.output.empty())
-        show_window("marlogl-preview - " + options.input, width, height, scene, textures, look,
-                    options.appearance);
+        show_window(options, std::move(loaded), std::move(files_read));
+    else if (options.watch)
+        write_pictures(options, std::move(loaded), std::move(files_read));
     else
-        write_picture(options, scene, textures, look);
+        write_picture(options, loaded, OutputFile(options.output));
 }
 
 } // namespace

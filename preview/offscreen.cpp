@@ -37,7 +37,7 @@ bool make_current(EGLDisplay display, EGLint width, EGLint height)
     // clang-format off
     constexpr EGLint wanted[] = {
         EGL_SURFACE_TYPE, EGL_PBUFFER_BIT, EGL_RENDERABLE_TYPE, EGL_OPENGL_BIT,
-        EGL_RED_SIZE, 8, EGL_GREEN_SIZE, 8, EGL_BLUE_SIZE, 8, EGL_DEPTH_SIZE, 24, EGL_NONE};
+        EGL_RED_SIZE, 8, EGL_GREEN_SIZE, 8, EGL_BLUE_SIZE, 8, EGL_DEPTH_SIZE, 24, EGL_STENCIL_SIZE, 8, EGL_NONE};
     // clang-format on
     const EGLint size[] = {EGL_WIDTH, width, EGL_HEIGHT, height, EGL_NONE};
     EGLConfig config = nullptr;
@@ -50,6 +50,12 @@ bool make_current(EGLDisplay display, EGLint width, EGLint height)
     const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
     return context != EGL_NO_CONTEXT && surface != EGL_NO_SURFACE &&
            eglMakeCurrent(display, surface, surface, context) == EGL_TRUE;
+}
+
+void refuse_errors()
+{
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+        throw std::runtime_error("the OpenGL driver reports error " + std::to_string(error));
 }
 
 } // namespace
@@ -97,7 +103,18 @@ Picture Offscreen::read() const
                 *to++ = static_cast<std::uint8_t>(sum / (n * n));
             }
     }
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
-        throw std::runtime_error("the OpenGL driver reports error " + std::to_string(error));
+    refuse_errors();
+    return picture;
+}
+
+Picture read_framebuffer(int width, int height)
+{
+    const auto stride = static_cast<std::size_t>(width) * 3, rows = static_cast<std::size_t>(height);
+    Picture picture{width, height, std::vector<std::uint8_t>(stride * rows)};
+    glPixelStorei(GL_PACK_ALIGNMENT, 1);
+    for (std::size_t row = 0; row < rows; ++row)
+        glReadPixels(0, height - 1 - static_cast<int>(row), width, 1, GL_RGB, GL_UNSIGNED_BYTE,
+                     picture.rgb.data() + row * stride);
+    refuse_errors();
     return picture;
 }

@@ -9,6 +9,10 @@ struct Picture {
     std::vector<std::uint8_t> rgb; // three bytes a pixel, the top row first
 };
 
+// The framebuffer of a window, from its lower left corner. Throws std::runtime_error when OpenGL reports an
+// error.
+Picture read_framebuffer(int width, int height);
+
 // The pictures are drawn at this multiple of their size and filtered down, which smooths the edges.
 inline constexpr int oversampling = 2;
 

@@ -42,30 +42,26 @@ void add_numbers(CLI::App &app, const char *option, const char *help, Range<Numb
     app.add_option_function<std::string>(option, store, help)->type_name(range.shape);
 }
 
-constexpr const char *footer = R"(In the window:
-  drag         turn the scene
-  wheel        zoom
-  t f b l r i  view from the top, front, back, left, right; isometric
-  q            leave
-
-Exit status: 0 done, 1 failed, 2 wrong usage.)";
-
 } // namespace
 
 std::optional<Options> parse_options(int argc, const char *const *argv, int &exit_status)
 {
     Options options;
-    std::array<double, 1> azimuth{0}, elevation{0}, zoom{1};
+    std::array<double, 1> azimuth{0}, elevation{0}, zoom{1}, view_angle{30};
+    std::array<double, 3> position{}, focal_point{};
     std::string view = "iso";
     bool unlit = false, no_render = false;
     std::vector<std::string> view_names;
     for (const NamedView &each : named_views)
         view_names.emplace_back(each.name);
 
-    CLI::App app("Shows an output file of MarlOgl: in a window, or as a picture.", "marlogl-preview");
-    app.footer(footer);
+    CLI::App app("Shows a design file or an output file of MarlOgl: in a window, or as a picture.",
+                 "marlogl-preview");
+    app.footer(std::string("In the window:\n") + keys_help +
+               "\n\nExit status: 0 done, 1 failed, 2 wrong usage.");
     app.set_version_flag("--version", "marlogl-preview " MARLOGL_PREVIEW_VERSION);
-    app.add_option("file", options.input, "Output file of MarlOgl, up to 64 MB")
+    app.add_option("file", options.input,
+                   "Design file (.mr2, .mrl), MarlOgl.dat, or output file of up to 64 MB")
         ->required()
         ->type_name("FILE");
     app.add_option("--output", options.output, "Write a PNG picture and end; - is standard output")
@@ -75,20 +71,34 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     app.add_option("--view", view, "Where to look from [iso]")
         ->type_name("NAME")
         ->check(CLI::IsMember(view_names));
+    app.add_option("--object", options.look.object, "Show this object, by number or name")
+        ->type_name("OBJECT");
     add_numbers(app, "--camera-azimuth-angle", "Turn the camera to the right, in degrees",
                 {"ANGLE", -360.0, 360.0}, azimuth);
     add_numbers(app, "--camera-elevation-angle", "Turn the camera up, in degrees", {"ANGLE", -180.0, 180.0},
                 elevation);
     add_numbers(app, "--camera-zoom-factor", "Magnify the framed scene [1]", {"FACTOR", 0.001, 1000.0}, zoom);
-    app.add_flag("--camera-orthographic", options.orthographic, "No perspective");
-    add_numbers(app, "--background-color", "Red, green, blue [0.3,0.35,0.4]", {"R,G,B", 0.0f, 1.0f},
-                options.appearance.background);
+    add_numbers(app, "--camera-view-angle", "Between lower and upper edge, in degrees [30]",
+                {"ANGLE", 1.0, 170.0}, view_angle);
+    constexpr Range<double> anywhere{"X,Y,Z", -1e9, 1e9};
+    add_numbers(app, "--camera-position", "Where to stand, in units of the design file", anywhere, position);
+    add_numbers(app, "--camera-focal-point", "What to look at, in units of the design file", anywhere,
+                focal_point);
+    app.add_flag("--camera-orthographic", options.look.lens.orthographic, "No perspective");
+    Colour background{};
+    add_numbers(app, "--background-color", "Red, green, blue in place of the sky", {"R,G,B", 0.0f, 1.0f},
+                background);
+    bool no_shadows = false;
+    app.add_flag("--no-shadows", no_shadows, "No shadows on the ground");
+    bool no_edges = false;
+    app.add_flag("--no-edges", no_edges, "No dark lines along the edges of faces");
     app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
     app.add_option("--texture-dir", options.texture_folders,
                    "One more folder with textures (BMP); repeatable")
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory)
         ->allow_extra_args(false);
+    app.add_flag("--watch", options.watch, "Show or write it again whenever its files change");
     app.add_flag("--no-render", no_render, "Read the file only");
     app.add_flag("--verbose", options.verbose, "Report what the file holds");
 
@@ -103,11 +113,27 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
         return {};
     }
 
+    if (options.watch && (no_render || options.output == "-")) {
+        std::cerr << "marlogl-preview: --watch needs a window or a picture in a file (see --help)\n";
+        exit_status = 2;
+        return {};
+    }
     for (const NamedView &each : named_views)
-        if (each.name == view)
-            options.direction = {each.direction.azimuth + azimuth[0],
-                                 each.direction.elevation + elevation[0]};
-    options.zoom = zoom[0];
+        if (each.name == view) {
+            options.look.direction = {each.direction.azimuth + azimuth[0],
+                                      each.direction.elevation + elevation[0]};
+            options.look.lens.orthographic |= each.is_plan;
+        }
+    options.look.lens.tan_y = std::tan(radians(view_angle[0] / 2));
+    options.look.zoom = zoom[0];
+    if (app.count("--camera-position") > 0)
+        options.look.position = position;
+    if (app.count("--camera-focal-point") > 0)
+        options.look.focal_point = focal_point;
+    if (app.count("--background-color") > 0)
+        options.appearance.background = background;
+    options.appearance.shadows = !no_shadows;
+    options.appearance.edges = !no_edges;
     options.appearance.lit = !unlit;
     options.render = !no_render;
     return options;

@@ -6,9 +6,12 @@
 #include <stdexcept>
 #include <string>
 
-void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &camera, int width, int height,
+void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &camera,
+                  const Appearance &appearance, int width, int height,
                   const std::function<void(const Picture &)> &take)
 {
+    Appearance doubled = appearance;
+    doubled.thickness *= oversampling;
     int largest[2] = {0, 0};
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, largest);
     if (width * oversampling > largest[0] || height * oversampling > largest[1])
@@ -19,7 +22,7 @@ void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &c
         Picture band{width, std::min(tile.height, height - top), {}};
         band.rgb.resize(row_size * static_cast<std::size_t>(band.height));
         for (int left = 0; left < width; left += tile.width) {
-            drawing.draw(camera, width * oversampling, height * oversampling, left * oversampling,
+            drawing.draw(camera, doubled, width * oversampling, height * oversampling, left * oversampling,
                          (height - top - tile.height) * oversampling);
             const Picture piece = tile.read();
             const auto stride = static_cast<std::size_t>(tile.width) * 3,

@@ -11,7 +11,8 @@
 inline constexpr int largest_tile = 1024;
 
 // Draws a picture of width x height pixels in pieces of the size of `tile`, and hands over its rows from the
-// top, a band of them at a time. The drawing must have been made for double size. Throws std::runtime_error
+// top, a band of them at a time. Throws std::runtime_error
 // when the driver cannot draw a picture of that size.
-void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &camera, int width, int height,
+void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &camera,
+                  const Appearance &appearance, int width, int height,
                   const std::function<void(const Picture &)> &take);

@@ -50,7 +50,7 @@ PngEncoder::PngEncoder(int width, int height) : state(std::make_unique<State>())
         png_set_IHDR(png, state->info, static_cast<png_uint_32>(width), static_cast<png_uint_32>(height), 8,
                      PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
                      PNG_FILTER_TYPE_DEFAULT);
-        png_set_compression_level(png, 3);
+        png_set_compression_level(png, 1);
         png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
         png_write_info(png, state->info);
     });

@@ -1,13 +1,32 @@
 #include "render.h"
 
-#include <GL/gl.h>
+#include "gl.h"
+#include "light.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace {
 
-unsigned upload_texture(const Bitmap &bitmap)
+// How textures are looked at that are seen small or aslant.
+struct Filter {
+    int between_mipmaps = GL_LINEAR_MIPMAP_LINEAR;
+    float directions = 1;
+};
+
+// Drivers without a graphics card have the better filters, too, but take several times as long.
+Filter usable_filter()
+{
+    constexpr float enough = 8;
+    const auto *const renderer = reinterpret_cast<const char *>(glGetString(GL_RENDERER));
+    if (renderer == nullptr || std::string_view(renderer).find("pipe") != std::string_view::npos)
+        return {GL_LINEAR_MIPMAP_NEAREST, 1};
+    Filter filter;
+    glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &filter.directions);
+    filter.directions = glGetError() == GL_NO_ERROR ? std::min(filter.directions, enough) : 1;
+    return filter;
+}
+
+unsigned upload_texture(const Bitmap &bitmap, const Filter &filter)
 {
     unsigned name = 0;
     glGenTextures(1, &name);
@@ -15,7 +34,9 @@ unsigned upload_texture(const Bitmap &bitmap)
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter.between_mipmaps);
+    if (filter.directions > 1)
+        glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, filter.directions);
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     int largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
@@ -31,131 +52,254 @@ unsigned upload_texture(const Bitmap &bitmap)
     }
 }
 
-// Two lamps that go with the camera: one over its left shoulder, a weak one from the right.
-void place_lights()
+// From the horizon below to the zenith above.
+void draw_sky()
 {
-    constexpr float ambient[] = {0.4f, 0.4f, 0.4f, 1}, black[] = {0, 0, 0, 1};
-    constexpr float key[] = {0.6f, 0.6f, 0.6f, 1}, from_upper_left[] = {-0.5f, 0.7f, 1, 0};
-    constexpr float fill[] = {0.25f, 0.25f, 0.25f, 1}, from_right[] = {1, -0.2f, 0.4f, 0};
-    glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ambient);
-    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 1);
-    for (const auto &[lamp, strength, direction] : {
-             std::tuple{GL_LIGHT0, key,  from_upper_left},
-             std::tuple{GL_LIGHT1, fill, from_right     }
-    }) {
-        glLightfv(static_cast<GLenum>(lamp), GL_DIFFUSE, strength);
-        glLightfv(static_cast<GLenum>(lamp), GL_SPECULAR, black);
-        glLightfv(static_cast<GLenum>(lamp), GL_POSITION, direction);
-        glEnable(static_cast<GLenum>(lamp));
+    for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+        glMatrixMode(matrix);
+        glLoadIdentity();
     }
-    glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
-    glEnable(GL_COLOR_MATERIAL);
-    glEnable(GL_NORMALIZE);
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_DEPTH_TEST);
+    glBegin(GL_QUADS);
+    glColor3ub(214, 219, 216);
+    glVertex2d(-1, -1);
+    glVertex2d(1, -1);
+    glColor3ub(110, 150, 196);
+    glVertex2d(1, 1);
+    glVertex2d(-1, 1);
+    glEnd();
 }
 
-GLenum mode_of(Primitive primitive)
+void load(const Matrices &matrices)
 {
-    return primitive == Primitive::points  ? GL_POINTS
-           : primitive == Primitive::lines ? GL_LINES
-                                           : GL_TRIANGLES;
-}
-
-void set(GLenum capability, bool on)
-{
-    on ? glEnable(capability) : glDisable(capability);
-}
-
-} // namespace
-
-Drawing::Drawing(const Scene &shown, const Textures &textures, const Appearance &look)
-    : scene(shown), appearance(look)
-{
-    std::vector<unsigned> names;
-    for (const Bitmap &bitmap : textures.bitmaps)
-        names.push_back(upload_texture(bitmap));
-    for (const std::uint32_t number : textures.of_name)
-        paints.push_back({names[number], textures.bitmaps[number].stands_in});
-    const Vec3 centre = scene.centre();
-    corners.reserve(scene.vertices.size());
-    for (const auto &[position, normal, s, t, colour] : scene.vertices) {
-        const Vec3 at = position - centre;
-        corners.push_back({
-            {static_cast<float>(at.x), static_cast<float>(at.y), static_cast<float>(at.z)},
-            normal,
-            {              s,                       t                        },
-            { colour[0],                     colour[1],                                             colour[2],                 255}
-        });
-    }
-}
-
-void Drawing::draw(const Camera &camera, int width, int height, int left, int bottom) const
-{
-    // The viewport may reach beyond the framebuffer: all parts of a picture are of one projection, and lines
-    // and points at their borders are cut by the framebuffer only.
-    glViewport(-left, -bottom, width, height);
-    const auto [red, green, blue] = appearance.background;
-    glClearColor(red, green, blue, 1);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glEnable(GL_DEPTH_TEST);
-    glDepthFunc(GL_LEQUAL);
-    glLineWidth(1.5f * appearance.thickness);
-    glPointSize(5 * appearance.thickness);
     glMatrixMode(GL_PROJECTION);
-    glLoadMatrixd(camera.projection.data());
+    glLoadMatrixd(matrices.projection.data());
     glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
-    place_lights();
-    glLoadMatrixd(camera.view.data());
-    draw_both_sides();
+    glLoadMatrixd(matrices.view.data());
+}
+
+void append(std::vector<std::uint32_t> &corners, const Scene &scene, const Face &face)
+{
+    const auto first = scene.corners.begin() + static_cast<std::ptrdiff_t>(face.first);
+    corners.insert(corners.end(), first, first + static_cast<std::ptrdiff_t>(face.count));
 }
 
 // Walls are often two faces in one plane, for the inside and the outside: the viewer is to see the one whose
 // corners run counter-clockwise for him. The others are drawn a little behind. All faces lie a little behind
 // the lines, so that lines on them show.
-void Drawing::draw_both_sides() const
+void push_back(Light side)
 {
-    glFrontFace(GL_CW); // the written normals point to the viewer of clockwise corners
-    glEnable(GL_CULL_FACE);
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glCullFace(GL_FRONT);
-    glPolygonOffset(1, 1);
-    draw_runs();
-    glCullFace(GL_BACK);
-    glPolygonOffset(2, 8);
-    draw_runs();
+    side == Light::clockwise ? glPolygonOffset(2, 8) : glPolygonOffset(1, 1);
 }
 
-void Drawing::draw_runs() const
+constexpr Light upwards[] = {Light::clockwise, Light::counter_clockwise};
+
+} // namespace
+
+Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
 {
-    if (corners.empty())
+    const Filter filter = usable_filter();
+    for (const Bitmap &bitmap : textures.bitmaps)
+        texture_names.push_back(upload_texture(bitmap, filter));
+    std::vector<bool> in_white;
+    for (const std::uint32_t number : textures.of_name) {
+        texture_of.push_back(texture_names[number]);
+        in_white.push_back(textures.bitmaps[number].stands_in);
+    }
+    mesh = make_mesh(scene, in_white);
+    glGenBuffers(array_count, buffers.data());
+    upload(points, mesh.points);
+    upload(shadows, mesh.shadows);
+    upload(texture_points, mesh.texture_points);
+    for (std::size_t light = 0; light < mesh.colours.size(); ++light)
+        upload(static_cast<Array>(colours + light), mesh.colours[light]);
+}
+
+Drawing::~Drawing()
+{
+    glDeleteTextures(static_cast<int>(texture_names.size()), texture_names.data());
+    glDeleteBuffers(array_count, buffers.data());
+}
+
+void Drawing::upload(Array array, const auto &elements)
+{
+    glBindBuffer(GL_ARRAY_BUFFER, buffers[array]);
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(elements.size() * sizeof elements[0]),
+                 elements.data(), GL_STATIC_DRAW);
+}
+
+void Drawing::use_array(Array array) const
+{
+    glBindBuffer(GL_ARRAY_BUFFER, buffers[array]);
+    array == texture_points ? glTexCoordPointer(2, GL_FLOAT, 0, nullptr)
+                            : glVertexPointer(3, GL_FLOAT, 0, nullptr);
+    glEnableClientState(array == texture_points ? GL_TEXTURE_COORD_ARRAY : GL_VERTEX_ARRAY);
+}
+
+void Drawing::use_colours(Light light) const
+{
+    glBindBuffer(GL_ARRAY_BUFFER,
+                 buffers[static_cast<std::size_t>(colours) + static_cast<std::size_t>(light)]);
+    glColorPointer(4, GL_UNSIGNED_BYTE, 0, nullptr);
+    glEnableClientState(GL_COLOR_ARRAY);
+}
+
+void Drawing::use_texture(std::uint32_t number) const
+{
+    if (number == Run::untextured) {
+        glDisable(GL_TEXTURE_2D);
         return;
-    constexpr int step = sizeof(Corner);
+    }
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, texture_of[number]);
+}
+
+void Drawing::draw_elements(unsigned mode, const std::vector<std::uint32_t> &corners) const
+{
     constexpr std::size_t most_at_once = 6 << 13; // whole lines and triangles
-    for (const GLenum array : {GL_VERTEX_ARRAY, GL_NORMAL_ARRAY, GL_TEXTURE_COORD_ARRAY})
-        glEnableClientState(array);
-    glVertexPointer(3, GL_FLOAT, step, corners.front().position.data());
-    glNormalPointer(GL_FLOAT, step, corners.front().normal.data());
-    glTexCoordPointer(2, GL_FLOAT, step, corners.front().texture_point.data());
-    glColorPointer(4, GL_UNSIGNED_BYTE, step, corners.front().colour.data());
-    std::size_t queued = 0; // draws and corners; drivers keep them all until they are finished
-    for (const Run &run : scene.runs) {
-        const bool textured = run.texture != Run::untextured;
-        const bool in_white = textured && paints[run.texture].in_white;
-        set(GL_LIGHTING, appearance.lit && run.primitive == Primitive::triangles);
-        set(GL_TEXTURE_2D, textured);
-        if (textured)
-            glBindTexture(GL_TEXTURE_2D, paints[run.texture].name);
-        in_white ? glDisableClientState(GL_COLOR_ARRAY) : glEnableClientState(GL_COLOR_ARRAY);
-        glColor3ub(255, 255, 255);
-        for (std::size_t done = 0; done < run.count; done += most_at_once) {
-            const std::size_t count = std::min(run.count - done, most_at_once);
-            glDrawElements(mode_of(run.primitive), static_cast<int>(count), GL_UNSIGNED_INT,
-                           &scene.corners[run.first + done]);
-            queued += 50 + count;
-            if (queued > most_at_once) {
-                glFinish();
-                queued = 0;
+    for (std::size_t done = 0; done < corners.size(); done += most_at_once) {
+        if (done > 0)
+            glFinish(); // drivers keep all that is queued
+        glDrawElements(mode, static_cast<int>(std::min(corners.size() - done, most_at_once)), GL_UNSIGNED_INT,
+                       &corners[done]);
+    }
+}
+
+void Drawing::draw(const Camera &camera, const Appearance &appearance, int width, int height, int left,
+                   int bottom) const
+{
+    // The viewport may reach beyond the framebuffer: all parts of a picture are of one projection, and lines
+    // and points at their borders are cut by the framebuffer only.
+    glViewport(-left, -bottom, width, height);
+    const auto [red, green, blue] = appearance.background.value_or(Colour{});
+    glClearColor(red, green, blue, 1);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+    if (!appearance.background)
+        draw_sky();
+    const bool with_shadows = appearance.lit && appearance.shadows && camera.position().z > 0;
+    Bounds seen{scene.lowest, scene.highest}; // and shadows and grid on the ground
+    for (const Vec3 corner : {shadow_of(scene.lowest), shadow_of(scene.highest)})
+        seen = {
+            {std::min(seen.lowest.x,  corner.x), std::min(seen.lowest.y,  corner.y),
+             std::min(seen.lowest.z,  0.0)},
+            {std::max(seen.highest.x, corner.x), std::max(seen.highest.y, corner.y),
+             std::max(seen.highest.z, 0.0)}
+        };
+    load(matrices_of(camera, static_cast<double>(width) / height, scene.centre(), seen.lowest, seen.highest));
+    const Vec3 back = axes_of(camera.direction).back;
+    const auto towards = faces_towards(mesh, scene, camera.lens.orthographic ? back : camera.position(),
+                                       camera.lens.orthographic);
+
+    constexpr float usual_height = 600;
+    const float thickness = appearance.thickness,
+                scale = static_cast<float>(std::min<double>(height, width / 1.5)) / thickness / usual_height;
+    use_array(points);
+    use_array(texture_points);
+    draw_ground(towards, appearance.lit);
+    draw_faces(towards, appearance.lit);
+    use_texture(Run::untextured);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glDepthMask(GL_FALSE);
+    if (appearance.edges) {
+        glLineWidth(std::max(0.75f, scale) * thickness);
+        draw_edges(towards);
+    }
+    use_colours(Light::none);
+    glDepthMask(GL_TRUE);
+    glLineWidth(std::max(1.0f, 1.5f * scale) * thickness);
+    draw_elements(GL_LINES, mesh.lines);
+    glPointSize(std::max(3.0f, 5 * scale) * thickness);
+    draw_elements(GL_POINTS, mesh.dots);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glDepthMask(GL_FALSE);
+    if (with_shadows)
+        draw_shadows();
+    glDepthMask(GL_TRUE);
+    glDisable(GL_BLEND);
+    glBindBuffer(GL_ARRAY_BUFFER, 0);
+}
+
+// First the colours, from below upwards, then the depths.
+void Drawing::draw_ground(const std::vector<bool> &towards, bool lit) const
+{
+    glDisable(GL_CULL_FACE);
+    glDisable(GL_DEPTH_TEST);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glDepthFunc(GL_LEQUAL);
+    std::vector<std::uint32_t> corners;
+    for (const bool colours_too : {true, false}) {
+        for (const Light side : upwards) {
+            use_colours(lit ? side : Light::none);
+            push_back(side);
+            for (std::size_t i = 0; i < mesh.on_ground.size(); ++i) {
+                const Face &face = scene.faces[mesh.on_ground[i]];
+                if (towards[mesh.on_ground[i]] == (side == Light::counter_clockwise))
+                    append(corners, scene, face);
+                const bool last = i + 1 == mesh.on_ground.size() ||
+                                  scene.faces[mesh.on_ground[i + 1]].texture != face.texture;
+                if (!last || corners.empty())
+                    continue;
+                use_texture(face.texture);
+                draw_elements(GL_TRIANGLES, corners);
+                corners.clear();
             }
         }
+        glEnable(GL_DEPTH_TEST);
+        glColorMask(!colours_too, !colours_too, !colours_too, GL_TRUE);
     }
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
+{
+    std::vector<std::uint32_t> corners;
+    // What is meant for the viewer first: it hides much of the rest, which then costs nothing.
+    for (const Light side : {Light::counter_clockwise, Light::clockwise}) {
+        use_colours(lit ? side : Light::none);
+        push_back(side);
+        for (const auto &[texture, first, end] : mesh.batches) {
+            corners.clear();
+            for (std::size_t i = first; i < end; ++i)
+                if (towards[mesh.order[i]] == (side == Light::counter_clockwise))
+                    append(corners, scene, scene.faces[mesh.order[i]]);
+            use_texture(texture);
+            draw_elements(GL_TRIANGLES, corners);
+        }
+    }
+    glDisable(GL_POLYGON_OFFSET_FILL);
+}
+
+// Each pixel gets its shadow once, however many shadows meet there.
+void Drawing::draw_shadows() const
+{
+    use_array(shadows);
+    glEnable(GL_STENCIL_TEST);
+    glStencilFunc(GL_EQUAL, 0, 1);
+    glStencilOp(GL_KEEP, GL_KEEP, GL_INCR);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glPolygonOffset(-1, -4);
+    glColor4ub(10, 14, 30, 96);
+    draw_elements(GL_TRIANGLES, mesh.shadow_corners);
+    glDisable(GL_POLYGON_OFFSET_FILL);
+    glDisable(GL_STENCIL_TEST);
+    use_array(points);
+}
+
+void Drawing::draw_edges(const std::vector<bool> &towards) const
+{
+    std::vector<std::uint32_t> corners;
+    const auto add = [&](const Edge &edge) {
+        corners.insert(corners.end(), edge.ends.begin(), edge.ends.end());
+    };
+    for (const Edge &edge : mesh.edges.sharp)
+        add(edge);
+    for (const auto &[edge, faces, same_way] : mesh.edges.smooth)
+        if ((towards[faces[0]] == towards[faces[1]]) != same_way)
+            add(edge);
+    glColor4ub(20, 16, 12, 130);
+    draw_elements(GL_LINES, corners);
 }

@@ -1,44 +1,48 @@
-// Draws a scene through OpenGL 1.1. A context must be current for every call.
+// Draws a scene through OpenGL 1.5. A context must be current for every call.
 #pragma once
 
-#include "framing.h"
+#include "camera.h"
+#include "mesh.h"
 #include "textures.h"
 
 using Colour = std::array<float, 3>; // red, green, blue from 0 to 1
 
 struct Appearance {
-    Colour background{0.3f, 0.35f, 0.4f};
-    bool lit = true;
-    float thickness = 1; // of lines and points, in screen pixels: 1 for a screen, 2 at double size
+    std::optional<Colour> background; // a sky when there is none
+    bool lit = true, shadows = true, edges = true;
+    float thickness = 1; // of lines and points: 1 for a screen, 2 at double size
 };
 
 // A scene made ready for OpenGL. Lives as long as the context in which it was made, and as the scene.
 class Drawing {
   public:
     // `textures` are those of the scene.
-    Drawing(const Scene &scene, const Textures &textures, const Appearance &look);
+    Drawing(const Scene &scene, const Textures &textures);
+    ~Drawing();
+    Drawing(const Drawing &) = delete;
+    Drawing &operator=(const Drawing &) = delete;
 
     // Draws a picture of width x height pixels into the current framebuffer, so that the pixel (left, bottom)
     // of the picture, counted from its lower left corner, comes to the lower left corner of the framebuffer.
-    void draw(const Camera &camera, int width, int height, int left = 0, int bottom = 0) const;
+    void draw(const Camera &camera, const Appearance &appearance, int width, int height, int left = 0,
+              int bottom = 0) const;
 
   private:
-    // As OpenGL takes it: relative to the centre of the scene, so that floats are precise enough.
-    struct Corner {
-        std::array<float, 3> position, normal;
-        std::array<float, 2> texture_point;
-        std::array<std::uint8_t, 4> colour;
-    };
-    struct Paint {
-        unsigned name; // of the texture
-        bool in_white; // shown in its own colours, not those of the faces
-    };
+    enum Array { points, shadows, texture_points, colours, array_count = colours + 3 };
 
-    void draw_both_sides() const;
-    void draw_runs() const;
+    void upload(Array array, const auto &elements);
+    void use_array(Array array) const;
+    void use_colours(Light light) const;
+    void use_texture(std::uint32_t number) const;
+    void draw_elements(unsigned mode, const std::vector<std::uint32_t> &corners) const;
+    void draw_ground(const std::vector<bool> &towards, bool lit) const;
+    void draw_faces(const std::vector<bool> &towards, bool lit) const;
+    void draw_shadows() const;
+    void draw_edges(const std::vector<bool> &towards) const;
 
     const Scene &scene;
-    Appearance appearance;
-    std::vector<Corner> corners; // one for each vertex of the scene
-    std::vector<Paint> paints;   // one for each texture name of the scene
+    Mesh mesh;
+    std::vector<unsigned> texture_names;
+    std::vector<unsigned> texture_of; // of each texture name of the scene
+    std::array<unsigned, array_count> buffers{};
 };

@@ -51,6 +51,7 @@ class Builder {
         const std::size_t most = text.size() / shortest_vertex + 1;
         scene.vertices.reserve(most + std::min(most, most_crossings));
         scene.corners.reserve(3 * most);
+        scene.objects.emplace_back();
     }
 
     Scene build()
@@ -64,9 +65,12 @@ class Builder {
             problems.add(line, "glEnd is missing at the end of the file");
             end_block();
         }
+        scene.objects.back().end_vertex = scene.vertices.size();
         scene.unbalanced_matrix_calls += stack.size();
         scene.is_whole = footer_lines == 4;
-        measure();
+        const Bounds bounds = bounds_of(scene.vertices);
+        scene.lowest = bounds.lowest;
+        scene.highest = bounds.highest;
         return std::move(scene);
     }
 
@@ -92,6 +96,9 @@ class Builder {
             end_block();
         }
         switch (statement.operation) {
+        case Operation::object:
+            begin_object(static_cast<int>(std::clamp(a, 0.0, 1e6)), std::string(statement.name));
+            break;
         case Operation::matrix_mode:
             in_modelview = statement.symbol == Symbol::modelview;
             break;
@@ -112,10 +119,12 @@ class Builder {
             multiply(rotation(a, unit({b, c, d})));
             break;
         case Operation::scale:
+            if (const double unit = current.x.x * a; scene.objects.size() == 1 && unit > 1e-6 && unit < 1e6)
+                scene.unit = unit;
             multiply(scaling({a, b, c}));
             break;
         case Operation::bind_texture:
-            bound_texture = statement.texture;
+            bound_texture = statement.name;
             bound_texture_line = line;
             break;
         case Operation::enable:
@@ -148,6 +157,12 @@ class Builder {
             add_vertex({a, b, c});
             break;
         }
+    }
+
+    void begin_object(int number, std::string name)
+    {
+        scene.objects.back().end_vertex = scene.vertices.size();
+        scene.objects.push_back({number, std::move(name), line, scene.vertices.size(), 0});
     }
 
     void multiply(const Placement &by)
@@ -229,7 +244,7 @@ class Builder {
         if (scene.runs.empty() || scene.runs.back().primitive != primitive ||
             scene.runs.back().texture != texture)
             scene.runs.push_back({primitive, texture, scene.corners.size(), 0});
-        add_corners();
+        add_corners(texture);
         scene.runs.back().count = scene.corners.size() - scene.runs.back().first;
     }
 
@@ -247,13 +262,12 @@ class Builder {
             break;
         case Primitive::triangles:
             count = count < 3 ? 0 : count;
-            scene.faces += count > 0;
             break;
         }
         scene.vertices.resize(first + count);
     }
 
-    void add_corners()
+    void add_corners(std::uint32_t texture)
     {
         if (primitive != Primitive::triangles) {
             for (std::size_t i = first; i < scene.vertices.size(); ++i)
@@ -261,7 +275,12 @@ class Builder {
             return;
         }
         complete_normals();
+        const auto object = static_cast<std::uint32_t>(scene.objects.size() - 1);
+        const std::size_t first_corner = scene.corners.size();
+        const auto outline_size = static_cast<std::uint32_t>(scene.vertices.size() - first);
         const Shape shape = cutter.cut(scene.vertices, first, scene.corners);
+        scene.faces.push_back({line, object, texture, first_corner, scene.corners.size() - first_corner,
+                               static_cast<std::uint32_t>(first), outline_size});
         if (shape == Shape::convex)
             return;
         if (++scene.concave_faces == 1)
@@ -299,20 +318,6 @@ class Builder {
         return known->second;
     }
 
-    void measure()
-    {
-        if (scene.vertices.empty())
-            return;
-        scene.lowest = scene.highest = scene.vertices.front().position;
-        for (const Vertex &each : scene.vertices) {
-            const Vec3 p = each.position;
-            scene.lowest = {std::min(scene.lowest.x, p.x), std::min(scene.lowest.y, p.y),
-                            std::min(scene.lowest.z, p.z)};
-            scene.highest = {std::max(scene.highest.x, p.x), std::max(scene.highest.y, p.y),
-                             std::max(scene.highest.z, p.z)};
-        }
-    }
-
     std::string_view text;
     Problems &problems;
     Scene scene;
@@ -335,6 +340,19 @@ class Builder {
 };
 
 } // namespace
+
+Bounds bounds_of(std::span<const Vertex> vertices)
+{
+    if (vertices.empty())
+        return {};
+    Bounds bounds{vertices.front().position, vertices.front().position};
+    for (const Vertex &vertex : vertices)
+        for (const auto axis : {&Vec3::x, &Vec3::y, &Vec3::z}) {
+            bounds.lowest.*axis = std::min(bounds.lowest.*axis, vertex.position.*axis);
+            bounds.highest.*axis = std::max(bounds.highest.*axis, vertex.position.*axis);
+        }
+    return bounds;
+}
 
 Scene read_scene(std::string_view text, Problems &problems)
 {

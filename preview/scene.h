@@ -4,6 +4,8 @@
 #include "geometry.h"
 #include "statements.h"
 
+#include <span>
+
 // Coordinates beyond this are left out: they would not survive the floats of OpenGL.
 inline constexpr double largest_coordinate = 1e15;
 
@@ -25,6 +27,24 @@ struct Run {
     std::size_t first = 0, count = 0;   // a range of Scene::corners
 };
 
+// A polygon of the file.
+struct Face {
+    std::uint32_t line = 0;                  // of its end
+    std::uint32_t object = 0;                // index into Scene::objects
+    std::uint32_t texture = Run::untextured; // as in Run
+    std::size_t first = 0, count = 0;        // its triangles: a range of Scene::corners
+    std::uint32_t outline = 0;               // its corners as they were written: a range of Scene::vertices
+    std::uint32_t outline_size = 0;
+};
+
+// What the file announces as an object, and all that comes before the next one.
+struct SceneObject {
+    int number = 0; // 0 for what comes before the first object
+    std::string name;
+    std::uint32_t line = 0;                       // where it is announced
+    std::size_t first_vertex = 0, end_vertex = 0; // a range of Scene::vertices
+};
+
 // A texture as the output file names it, in the bytes of the file.
 struct TextureName {
     std::string name;
@@ -36,16 +56,26 @@ struct Scene {
     std::vector<std::uint32_t> corners; // indices of vertices: points, pairs for lines, triples for triangles
     std::vector<Run> runs;              // in the order of the file
     std::vector<TextureName> textures;  // every name that a run shows, once
+    std::vector<Face> faces;            // in the order of the file
+    std::vector<SceneObject> objects;   // in the order of the file; at least one
     Counts counts;                      // of what was read
-    std::size_t faces = 0, lines = 0, points = 0;
+    std::size_t lines = 0, points = 0;
     std::size_t concave_faces = 0;
     std::uint32_t first_concave_line = 0;
     std::size_t unbalanced_matrix_calls = 0; // pops without a push, and pushes never popped
     bool is_whole = false;                   // it ends with the footer that every complete file has
+    double unit = 1;                         // a unit of the design file, in those of the scene
     Vec3 lowest, highest;                    // the bounds; both zero without vertices
 
     Vec3 centre() const { return (lowest + highest) * 0.5; }
 };
+
+struct Bounds {
+    Vec3 lowest, highest;
+};
+
+// Both corners are zero without vertices.
+Bounds bounds_of(std::span<const Vertex> vertices);
 
 // Reads an output file and plays its statements. What OpenGL would refuse (a vertex outside a block, a pop
 // from an empty stack, a coordinate too large) is left out and told to `problems`; a missing glEnd is put in.

@@ -89,11 +89,21 @@ class Reader {
     void read_comment(Cursor cursor)
     {
         ++counts.skipped_lines;
+        constexpr std::string_view mark = "*** ", sequence = "*** Sequence ";
         cursor.take('/');
         cursor.take('/');
-        const bool announces = !name_follows && cursor.starts_with("*** Sequence ");
-        counts.objects += announces;
-        name_follows = announces;
+        const std::string_view comment = cursor.remainder();
+        if (!name_follows && comment.starts_with(sequence)) {
+            ++counts.objects;
+            announced.line = line_number;
+            announced.values = {};
+            Cursor(comment.substr(sequence.size())).number(announced.values[0]);
+            name_follows = true;
+        } else if (name_follows) {
+            announced.name = comment.substr(std::min(mark.size(), comment.size()));
+            name_follows = false;
+            take(announced);
+        }
     }
 
     // False when the rest of the line makes no sense any more.
@@ -147,7 +157,7 @@ class Reader {
         case Arguments::symbol:
             return read_symbol(cursor.word(), statement);
         case Arguments::text:
-            return cursor.quoted(statement.texture);
+            return cursor.quoted(statement.name);
         }
         return false;
     }
@@ -169,6 +179,7 @@ class Reader {
     Problems &problems;
     const std::function<void(const Statement &)> &take;
     std::uint32_t line_number = 0;
+    Statement announced{Operation::object};
     bool name_follows = false;
 };
 

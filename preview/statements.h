@@ -10,6 +10,7 @@
 #include <string_view>
 
 enum class Operation : std::uint8_t {
+    object, // announced by comments: its number and its name
     matrix_mode,
     load_identity,
     push_matrix,
@@ -43,8 +44,8 @@ struct Statement {
     Operation operation;
     Symbol symbol = Symbol::other;            // of matrix_mode, enable, disable, begin
     std::uint32_t line = 0;                   // counted from 1
-    std::string_view texture = {};            // of bind_texture: the name, a piece of the text
-    std::array<double, 4> values{0, 0, 0, 0}; // as many as the statement has; colours 0 to 255
+    std::string_view name = {};               // of bind_texture and object, a piece of the text
+    std::array<double, 4> values{0, 0, 0, 0}; // as many as the statement has; the number of an object
 };
 
 struct Counts {

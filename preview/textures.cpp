@@ -105,9 +105,7 @@ class TextureLoader {
                          quoted + " is missing; it was looked for in " + joined(finder.places()));
             return 0;
         }
-        const auto [known, is_new] = numbers.try_emplace(file->lexically_normal(), 0);
-        if (is_new)
-            textures.files_read.push_back(*file);
+        const auto known = numbers.try_emplace(file->lexically_normal(), 0).first;
         if (known->second == 0)
             try {
                 known->second = add(*file);
@@ -137,7 +135,7 @@ class TextureLoader {
 
 } // namespace
 
-FileFinder::FileFinder(std::vector<fs::path> in) : folders(std::move(in)) {}
+FileFinder::FileFinder(std::vector<fs::path> in, FilesRead &to) : files_read(to), folders(std::move(in)) {}
 
 std::optional<fs::path> FileFinder::find(std::string_view name)
 {
@@ -162,10 +160,13 @@ std::optional<fs::path> FileFinder::find_in(fs::path at, std::string_view name)
         }
         const Listing &listing = listing_of(at);
         const auto entry = listing.find(in_small_letters(part));
-        if (entry == listing.end())
+        if (entry == listing.end()) {
+            files_read.note(at / part);
             return {};
+        }
         at = entry->second;
     }
+    files_read.note(at);
     std::error_code ignored;
     if (!fs::is_regular_file(at, ignored))
         return {};
@@ -183,25 +184,25 @@ const FileFinder::Listing &FileFinder::listing_of(const fs::path &folder)
     return known->second;
 }
 
-TexturePlaces texture_places(const fs::path &output_file, const std::vector<std::string> &more)
+std::vector<fs::path> texture_folders(const fs::path &output_file, const std::vector<fs::path> &more,
+                                      FilesRead &files_read)
 {
     const fs::path beside = folder_of(output_file);
-    TexturePlaces places;
-    add_folder(places.folders, beside);
+    std::vector<fs::path> folders;
+    add_folder(folders, beside);
     for (const fs::path &place : {beside, beside / "..", fs::path(".")}) {
-        const auto dat = FileFinder({place}).find("MarlOgl.dat");
+        const auto dat = FileFinder({place}, files_read).find("MarlOgl.dat");
         if (!dat)
             continue;
-        places.files_read.push_back(*dat);
         const std::string design = design_file_named_by(*dat);
         if (design.empty())
             continue;
-        add_folder(places.folders, folder_of(place / design));
-        add_folder(places.folders, folder_of(design));
+        add_folder(folders, folder_of(place / design));
+        add_folder(folders, folder_of(design));
     }
-    for (const std::string &folder : more)
-        add_folder(places.folders, folder);
-    return places;
+    for (const fs::path &folder : more)
+        add_folder(folders, folder);
+    return folders;
 }
 
 Textures load_textures(const std::vector<TextureName> &names, FileFinder &finder, Problems &problems)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "bitmap.h"
+#include "files_read.h"
 #include "scene.h"
 
 #include <filesystem>
@@ -12,7 +13,8 @@
 // Looks up files in some folders, in their order, without regard to the case of ASCII letters.
 class FileFinder {
   public:
-    explicit FileFinder(std::vector<std::filesystem::path> in);
+    // Notes in `to` where it looks.
+    FileFinder(std::vector<std::filesystem::path> in, FilesRead &to);
 
     // The file of that name, in which folders are divided by \ or /; nothing when no folder holds it.
     std::optional<std::filesystem::path> find(std::string_view name);
@@ -25,24 +27,21 @@ class FileFinder {
     const Listing &listing_of(const std::filesystem::path &folder);
     std::optional<std::filesystem::path> find_in(std::filesystem::path at, std::string_view name);
 
+    FilesRead &files_read;
     std::vector<std::filesystem::path> folders;
     std::map<std::filesystem::path, Listing> listings;
 };
 
-struct TexturePlaces {
-    std::vector<std::filesystem::path> folders;    // each once
-    std::vector<std::filesystem::path> files_read; // those that name the folders
-};
-
-// Where the textures of an output file may lie: in its own folder, in that of the design file if a
-// MarlOgl.dat that names it stands in that folder, one above or in the current one, and in `more`.
-TexturePlaces texture_places(const std::filesystem::path &output_file, const std::vector<std::string> &more);
+// The folders, each once, in which the textures of an output file may lie: its own, that of the design file
+// if a MarlOgl.dat that names it stands in that folder, one above or in the current one, and those of `more`.
+std::vector<std::filesystem::path> texture_folders(const std::filesystem::path &output_file,
+                                                   const std::vector<std::filesystem::path> &more,
+                                                   FilesRead &files_read);
 
 struct Textures {
-    std::vector<Bitmap> bitmaps;                   // every file once; the first is the checkerboard
-    std::vector<std::uint32_t> of_name;            // index into `bitmaps`; 0 where there is no bitmap
-    std::vector<std::filesystem::path> files_read; // also those that could not be shown
-    std::size_t missing = 0;                       // how many names have no bitmap
+    std::vector<Bitmap> bitmaps;        // every file once; the first is the checkerboard
+    std::vector<std::uint32_t> of_name; // index into `bitmaps`; 0 where there is no bitmap
+    std::size_t missing = 0;            // how many names have no bitmap
 };
 
 // At most so many bitmaps are held, and so many pixels in all: about 100 MB, and twice that in the driver.

@@ -1,17 +1,8 @@
-// A window in which the scene can be turned.
+// A window in which one walks through the scene.
 #pragma once
 
-#include "render.h"
+#include "viewer.h"
 
-#include <string>
-
-struct Look {
-    Direction direction;
-    Lens lens; // its aspect is that of the picture or window
-};
-
-// Shows the scene until the user leaves. The mouse turns it, the wheel zooms, the first letter of a named
-// view goes there, q leaves. Width and height in screen units, at most those of the screen.
-// Throws std::runtime_error without a display.
-void show_window(const std::string &title, int width, int height, const Scene &scene,
-                 const Textures &textures, const Look &look, const Appearance &appearance);
+// Shows the scene until the user leaves. Throws std::runtime_error without a display.
+// With options.watch it reads the files again when they have changed since they were noted.
+void show_window(const Options &options, Loaded loaded, FilesRead files_read);

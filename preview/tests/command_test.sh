@@ -1,9 +1,11 @@
 #!/bin/sh
-# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|window PROGRAM
+# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|watch|window PROGRAM CONVERTER EXAMPLES
 # Ends with 77 when this machine has no OpenGL driver or no virtual display.
 
 part=$1
 program=$2
+converter=$3
+examples=$4
 work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
@@ -25,7 +27,7 @@ expect()
     timeout 60 "$program" "$@" >out 2>err
     status=$?
     [ $status -eq "$wanted" ] || fail "$*: status $status, not $wanted"
-    grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
+    [ -z "$text" ] || grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
 }
 
 cat >town.ogl <<'END'
@@ -44,6 +46,26 @@ glEnd();
 glPopMatrix();
 END
 printf 'no statement at all\n' >letter.txt
+
+cat >house.mr2 <<'END'
+A23
+Bhouse
+P0236
+P0730
+P0113
+P0614
+END
+for slot in 1 2 3 4 5 6; do printf 'K0%dY\nF0%dside\n' $slot $slot; done >>house.mr2
+
+# until COMMAND...: waits for it to succeed.
+until_it()
+{
+    for _ in $(seq 100); do
+        "$@" && return
+        sleep 0.2
+    done
+    false
+}
 
 require_driver()
 {
@@ -67,11 +89,23 @@ usage()
     expect 2 "'9,9,9' is not" town.ogl --resolution 9,9,9
     expect 2 "'nan' is not" town.ogl --camera-zoom-factor=nan
     expect 2 "'0,0,2' is not R,G,B" town.ogl --background-color=0,0,2
+    expect 2 "'1,2' is not X,Y,Z" town.ogl --camera-position=1,2
+    expect 1 'town.ogl: there is no object "mill"; the objects are 1 to 1' town.ogl --object=mill --output=no.png
+    expect 2 "--watch needs" town.ogl --watch --output=-
     expect 2 "below not in" town.ogl --view=below
     expect 1 "cannot read nowhere.ogl: No such file" nowhere.ogl
     expect 1 "cannot read .: Is a directory" .
     expect 1 "/dev/zero is larger than 64 MB" /dev/zero
     expect 2 "not exist: nowhere" town.ogl --texture-dir=nowhere
+    printf 'A23\nBbarn\nP0236\nP0730\nP0113\nP0614\nK01Y\nF01nowhere\nP72 15\n' >bad.mr2
+    expect 1 'preview: bad.mr2:9: record "P72 15": parameter cell 72 is outside 0 to 61' bad.mr2
+    sed '$d' bad.mr2 >barn.mr2
+    expect 0 'barn.mr2:1: texture "nowhere.bmp" is missing' barn.mr2 --no-render
+    printf 'barn.mr2\nbarn.ogl\n255\n' >MarlOgl.dat
+    expect 1 "line 4 is missing; the run configuration has four lines" MarlOgl.dat
+    mkdir other
+    printf 'barn\nbarn.ogl\n255255255\n255255255\n' >other/MarlOgl.dat
+    expect 1 "is not converted: its name ends in neither" other/MarlOgl.dat
     expect 1 "it holds no statement" letter.txt --no-render
     expect 1 "is there a display?" town.ogl
     expect 0 "missing textures        1" town.ogl --no-render --verbose --texture-dir . --texture-dir=..
@@ -107,8 +141,43 @@ picture()
     [ "$(od -An -tx1 -j16 -N8 town.png | tr -d ' \n')" = 000000280000001e ] || fail "town.png is not 40 x 30"
     expect 0 PNG town.ogl --output=- --verbose
     grep -q faces err || fail "the report is not on standard error beside a picture"
+    # A design file looks like its output file, and leaves nothing behind.
+    for example in village hamlet; do
+        cp -R "$examples/$example" .
+        sed -i '3s/.*/255200150/' $example/MarlOgl.dat
+        (cd $example && "$converter" && ls >../names) || fail "$example is not converted"
+        expect 0 "" $example/$example.ogl --output=by_file.png --resolution=300,200
+        for source in $example/MarlOgl.dat $example/$example.mr?; do
+            expect 0 "" $source --output=direct.png --resolution=300,200
+            cmp -s by_file.png direct.png || fail "$source looks unlike its output file"
+        done
+        ls $example | cmp - names || fail "a file was left behind"
+    done
     expect 1 "cannot write nowhere/town.png" town.ogl --output=nowhere/town.png
     [ ! -e /dev/full ] || expect 1 "cannot write /dev/full" town.ogl --output=/dev/full
+}
+
+# Each change of the design file makes a new picture, and a fault leaves the last one.
+watch()
+{
+    require_driver
+    cp house.mr2 live.mr2
+    timeout 100 "$program" live.mr2 --watch --output=live.png --resolution=80,60 2>err &
+    viewer=$!
+    until_it cmp -s live.png live.png || fail "no picture: $(cat err)"
+    cp live.png first.png
+    sed -i 's/P0236/P0296/' live.mr2
+    until_it sh -c '! cmp -s live.png first.png' || fail "no new picture"
+    cp live.png second.png
+    rm live.mr2
+    until_it grep -q live.mr2 err || fail "the missing file is not told: $(cat err)"
+    printf 'P72 1\n' | cat house.mr2 - >live.mr2
+    until_it grep -q 'live.mr2:19: record "P72 1"' err || fail "no message: $(cat err)"
+    cmp -s live.png second.png || fail "the picture of a faulty file was written"
+    cp house.mr2 live.mr2
+    until_it cmp -s live.png first.png || fail "the picture does not come back"
+    [ ! -e live.png.new ] || fail "half a picture was left"
+    kill $viewer
 }
 
 window()
@@ -138,8 +207,51 @@ window()
     changes "dragging"
     xdotool click 4
     changes "the wheel"
+    xdotool keydown shift mousemove 200 150 mousedown 1 mousemove 240 150 mouseup 1 keyup shift
+    changes "moving"
+    xdotool key e
+    changes "leaving out the edges"
+    xdotool mousemove 170 150 click --repeat 2 --delay 50 1
+    changes "the double click"
     xdotool key t
     changes "the view from the top"
+    for key in p l Left plus r g x n question; do
+        xdotool key $key
+        changes "the key $key"
+    done
+    screen_is_back()
+    {
+        now=$(cksum <screen/Xvfb_screen0)
+        [ "$now" = "$good" ]
+    }
+    leave
+    cp house.mr2 live.mr2
+    "$program" live.mr2 --watch --resolution=400,300 >out 2>err &
+    viewer=$!
+    timeout 30 xdotool search --sync --name "marlogl-preview - live.mr2" >/dev/null || fail "no window: $(cat err)"
+    changes "the second window"
+    xdotool mousemove 200 150 click 4
+    changes "coming closer"
+    good=$seen
+    xdotool click 1
+    until_it test -s out || fail "a click tells nothing"
+    changes "choosing a face"
+    grep -q '^live.mr2:1: object 1 "house", gabled house, texture "side.bmp" of face slot 1 (line 8), 2 (line 10)' out ||
+        fail "a click tells: $(cat out)"
+    xdotool key F12
+    until_it test -s live.png || fail "F12 writes no picture"
+    xdotool key F5
+    until_it screen_is_back || fail "the view does not come back when the file is loaded again"
+    echo 'P72 1' >>live.mr2
+    changes "a fault in the design file"
+    cp house.mr2 live.mr2.new && mv live.mr2.new live.mr2
+    until_it screen_is_back || fail "the view does not come back without the fault"
+    leave
+}
+
+# Ends the viewer as a user does.
+leave()
+{
     xdotool key q
     for _ in $(seq 20); do kill -0 $viewer 2>/dev/null && sleep 0.5; done
     kill -0 $viewer 2>/dev/null && fail "q does not end the window" && kill $viewer

@@ -1,5 +1,5 @@
-// A libFuzzer target: whatever the bytes, reading, building and framing end in order.
-#include "framing.h"
+// A libFuzzer target: whatever the bytes, reading, building and camera end in order.
+#include "camera.h"
 
 #include <cstdlib>
 
@@ -16,7 +16,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             std::abort();
     for (const NamedView &view : named_views)
         for (const bool orthographic : {false, true})
-            for (const double value : frame(scene, view.direction, {1.5, 1, orthographic}).projection)
+            for (const double value :
+                 matrices_of(frame(scene.vertices, view.direction, {0.268, orthographic}, 1.5), 1.5,
+                             scene.centre(), scene.lowest, scene.highest)
+                     .projection)
                 if (!(value < 1e38 && value > -1e38))
                     std::abort();
     return 0;

@@ -60,18 +60,20 @@ Scene scene_of(const std::string &text)
 Picture draw(const std::string &text, std::string_view view, bool lit, int tile_size = largest_tile)
 {
     const Scene scene = scene_of(text);
-    FileFinder finder({texture_folder()});
+    FilesRead files_read;
+    FileFinder finder({texture_folder()}, files_read);
     Problems missing_textures;
     const Offscreen tile(std::min(width, tile_size), std::min(height, tile_size));
     Appearance appearance;
     appearance.lit = lit;
-    appearance.thickness = oversampling;
-    const Drawing drawing(scene, load_textures(scene.textures, finder, missing_textures), appearance);
+    appearance.background = {0.3f, 0.35f, 0.4f};
+    const Drawing drawing(scene, load_textures(scene.textures, finder, missing_textures));
     Picture picture{width, height, {}};
     for (const NamedView &each : named_views)
         if (each.name == view)
-            draw_picture(tile, drawing, frame(scene, each.direction, {1.0 * width / height, 1, true}), width,
-                         height, [&](const Picture &rows) {
+            draw_picture(tile, drawing,
+                         frame(scene.vertices, each.direction, {0.268, true}, 1.0 * width / height),
+                         appearance, width, height, [&](const Picture &rows) {
                              picture.rgb.insert(picture.rgb.end(), rows.rgb.begin(), rows.rgb.end());
                          });
     return picture;
@@ -200,18 +202,55 @@ TEST(Picture, LinesAndPointsKeepTheirColourInTheLight)
     }
 }
 
-TEST(Picture, FacesAreLitFromBothSides)
+// The sun stands still in the world: what a side looks like does not depend on which way its corners run.
+TEST(Picture, NeighbouringSidesDifferInTheLight)
 {
-    for (const char *view : {"front", "back"}) {
-        const Rgb lit = mean(draw(wall(0, 0, "255, 255, 255"), view, true), 50, 50, 20);
-        EXPECT_GT(lit[0], 150) << view;
-        EXPECT_LT(lit[0], 250) << view;
+    const std::string lying = "glRotated( -90, 1, 0, 0 );\n", across = "glRotated( 90, 0, 0, 1 );\n";
+    const std::string white = wall(0, 0, "255, 255, 255"), reversed = reversed_wall(0, 0, "255, 255, 255");
+    std::vector<int> around;
+    for (const auto &[view, turn] : {
+             std::pair{"front", ""            },
+             {"right", across.c_str()},
+             {"back",  ""            },
+             {"left",  across.c_str()}
+    }) {
+        around.push_back(mean(draw(turn + white, view, true), 50, 50, 20)[0]);
+        EXPECT_NEAR(around.back(), mean(draw(turn + reversed, view, true), 50, 50, 20)[0], 1) << view;
+        EXPECT_GT(around.back(), 90) << view;
     }
-    const Rgb top =
-        mean(draw("glRotated( -90, 1, 0, 0 );\n" + wall(0, 0, "255, 255, 255"), "top", true), 50, 50, 20);
-    const Rgb oblique =
-        mean(draw("glRotated( 75, 0, 0, 1 );\n" + wall(0, 0, "255, 255, 255"), "front", true), 50, 50, 4);
-    EXPECT_GT(top[0], oblique[0] + 20);
+    const int top = mean(draw(lying + white, "top", true), 50, 50, 20)[0];
+    for (std::size_t i = 0; i < around.size(); ++i) {
+        EXPECT_GT(std::abs(around[i] - around[(i + 1) % around.size()]), 25) << i;
+        EXPECT_GT(top, around[i] + 25) << i;
+    }
+}
+
+TEST(Picture, ShadowsLieOnTheGroundAndRoadsOnTheMeadow)
+{
+    const auto square = [](const std::string &colour, int low, int high, int z) {
+        std::string text = "glBegin( GL_POLYGON );\nglColor3ub( " + colour + " );\n";
+        for (const auto &[x, y] : {
+                 std::pair{low,  low },
+                 {high, low },
+                 {high, high},
+                 {low,  high}
+        })
+            text += "glVertex3d( " + std::to_string(x) + ", " + std::to_string(y) + ", " + std::to_string(z) +
+                    " );\n";
+        return text + "glEnd();\n";
+    };
+    const auto object = [](int number) {
+        return "// *** Sequence " + std::to_string(number) + "\n// *** x\n";
+    };
+    const std::string road_first = object(1) + square("255, 0, 0", -60, -20, 0) + object(2) +
+                                   square("0, 255, 0", -100, 100, 0) + object(3) +
+                                   square("0, 0, 255", 40, 60, 30);
+    const Picture picture = draw(road_first, "top", false);
+    EXPECT_TRUE(is_close(mean(picture, 37, 70, 8), red));
+    EXPECT_TRUE(is_close(mean(picture, 60, 20, 6), green));
+    const Picture lit = draw(road_first, "top", true);
+    EXPECT_TRUE(is_close(mean(lit, 66, 26, 4), {0, 0, 247})) << "the square itself";
+    EXPECT_GT(mean(lit, 30, 20, 6)[1], mean(lit, 68, 13, 4)[1] + 40) << "its shadow, away from the sun";
 }
 
 TEST(Picture, TilesDoNotShow)
@@ -237,7 +276,8 @@ TEST(Textures, AreFoundBesideTheDesignFileAndMissingOnesAreNamedOnce)
     const std::filesystem::path folder = texture_folder();
     std::ofstream(folder / "marlogl.DAT") << " .\\Sub\\town.mr2 \r\nout\\town.ogl\r\n";
     std::filesystem::create_directories(folder / "out");
-    FileFinder finder(texture_places(folder / "out" / "town.ogl", {}).folders);
+    FilesRead files_read;
+    FileFinder finder(texture_folders(folder / "out" / "town.ogl", {}, files_read), files_read);
     Problems problems;
     const Textures textures = load_textures(
         {

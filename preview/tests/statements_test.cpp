@@ -21,19 +21,19 @@ struct Reading {
 
 std::string described(const Statement &statement)
 {
-    constexpr const char *names[] = {"mode",   "identity", "push",  "pop",   "translate", "rotate",
-                                     "scale",  "bind",     "on",    "off",   "begin",     "end",
-                                     "colour", "normal",   "coord", "vertex"};
+    constexpr const char *names[] = {"object", "mode",   "identity", "push",  "pop",   "translate",
+                                     "rotate", "scale",  "bind",     "on",    "off",   "begin",
+                                     "end",    "colour", "normal",   "coord", "vertex"};
     constexpr const char *symbols[] = {"modelview", "texture", "projection", "2d",
                                        "points",    "lines",   "polygon",    "other"};
-    constexpr std::size_t values[] = {0, 0, 0, 0, 3, 4, 3, 0, 0, 0, 0, 0, 3, 3, 2, 3};
+    constexpr std::size_t values[] = {1, 0, 0, 0, 0, 3, 4, 3, 0, 0, 0, 0, 0, 3, 3, 2, 3};
     const auto kind = static_cast<std::size_t>(statement.operation);
     std::ostringstream text;
     text << names[kind];
     for (std::size_t i = 0; i < values[kind]; ++i)
         text << ' ' << statement.values[i];
-    if (statement.operation == Operation::bind_texture)
-        text << ' ' << statement.texture;
+    if (!statement.name.empty())
+        text << ' ' << statement.name;
     if (statement.symbol != Symbol::other)
         text << ' ' << symbols[static_cast<std::size_t>(statement.symbol)];
     return text.str() + ';';
@@ -111,9 +111,9 @@ const std::string polygon = "glBegin( GL_POLYGON );\nglVertex3d( 0, 0, 0 );\nglV
 std::string summary(const Scene &scene)
 {
     std::ostringstream text;
-    text << scene.faces << ' ' << scene.lines << ' ' << scene.points << ' ' << scene.unbalanced_matrix_calls
-         << ", x " << scene.lowest.x << ".." << scene.highest.x << ", y " << scene.lowest.y << ".."
-         << scene.highest.y;
+    text << scene.faces.size() << ' ' << scene.lines << ' ' << scene.points << ' '
+         << scene.unbalanced_matrix_calls << ", x " << scene.lowest.x << ".." << scene.highest.x << ", y "
+         << scene.lowest.y << ".." << scene.highest.y;
     return text.str();
 }
 
@@ -187,6 +187,7 @@ TEST(Scene, ObjectsAreCountedByTheirNumberLines)
     const Reading reading =
         read(named_like_a_number + polygon + "// *** Sequence 02\r\n// *** barn\r\n" + polygon, problems);
     EXPECT_EQ(reading.counts.objects, 2u);
+    EXPECT_TRUE(reading.statements.starts_with("object 1 Sequence 99;begin")) << reading.statements;
     EXPECT_EQ(reading.counts.skipped_lines, 4u);
 }
 
@@ -198,7 +199,7 @@ TEST(Statements, EveryPrefixOfAFileIsTaken)
         Problems problems;
         const Scene scene = read_scene(file.substr(0, size), problems);
         EXPECT_LE(problems.count(), 2u) << size; // the line that is cut, and the missing glEnd
-        EXPECT_LE(scene.faces, 1u);
+        EXPECT_LE(scene.faces.size(), 1u);
     }
 }
 

@@ -1,4 +1,4 @@
-#include "framing.h"
+#include "camera.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@ struct Clip {
     double x, y, z, w; // inside the picture where x, y and z lie between -w and w
 };
 
-Clip clip(const Camera &camera, Vec3 p)
+Clip clip(const Matrices &camera, Vec3 p)
 {
     const auto transform = [](const std::array<double, 16> &m, std::array<double, 4> v) {
         std::array<double, 4> result{};
@@ -35,7 +35,13 @@ Scene scene_of(const std::vector<Vec3> &points)
     return read_scene(text.str(), problems);
 }
 
-TEST(Framing, AnySceneFillsThePictureAndStaysInside)
+Matrices seen(const Scene &scene, Direction from, const Lens &lens, double aspect)
+{
+    return matrices_of(frame(scene.vertices, from, lens, aspect), aspect, scene.centre(), scene.lowest,
+                       scene.highest);
+}
+
+TEST(Camera, AnySceneFillsThePictureAndStaysInside)
 {
     std::mt19937 random(1);
     const auto between = [&](double a, double b) { return std::uniform_real_distribution(a, b)(random); };
@@ -47,8 +53,9 @@ TEST(Framing, AnySceneFillsThePictureAndStaysInside)
             points.push_back(far_away +
                              Vec3{size.x * between(-1, 1), size.y * between(-1, 1), size.z * between(-1, 1)});
         const Scene scene = scene_of(points);
-        const Lens lens{std::exp(between(-1, 1)), 1, round % 2 == 1};
-        const Camera camera = frame(scene, {between(-180, 180), between(-90, 90)}, lens);
+        const double aspect = std::exp(between(-1, 1));
+        const Lens lens{0.268, round % 2 == 1};
+        const Matrices camera = seen(scene, {between(-180, 180), between(-90, 90)}, lens, aspect);
         double left = 1e9, right = 1e9, bottom = 1e9, top = 1e9; // the room at the four edges
         const double distance = lens.orthographic ? 1 : -camera.view[14];
         for (const Vertex &vertex : scene.vertices) {
@@ -66,7 +73,7 @@ TEST(Framing, AnySceneFillsThePictureAndStaysInside)
     }
 }
 
-TEST(Framing, NamedViewsLookFromWhereTheirNameSays)
+TEST(Camera, NamedViewsLookFromWhereTheirNameSays)
 {
     const Scene scene = scene_of({
         {-1, -1, -1},
@@ -83,7 +90,7 @@ TEST(Framing, NamedViewsLookFromWhereTheirNameSays)
     for (const auto &[name, sides] : rows)
         for (const NamedView &view : named_views)
             if (view.name == name) {
-                const Camera camera = frame(scene, view.direction, {1, 1, true});
+                const Matrices camera = seen(scene, view.direction, {0.268, true}, 1);
                 std::string seen;
                 for (const Vec3 axis : {
                          Vec3{1, 0, 0},
@@ -102,7 +109,7 @@ TEST(Framing, NamedViewsLookFromWhereTheirNameSays)
             }
 }
 
-TEST(Framing, ScenesWithoutExtentDoNotBreakTheCamera)
+TEST(Camera, ScenesWithoutExtentDoNotBreakTheCamera)
 {
     for (const std::vector<Vec3> &points : {
              std::vector<Vec3>{},
@@ -112,11 +119,45 @@ TEST(Framing, ScenesWithoutExtentDoNotBreakTheCamera)
     })
         for (const NamedView &view : named_views)
             for (const bool orthographic : {false, true}) {
-                const Camera camera = frame(scene_of(points), view.direction, {1, 1, orthographic});
+                const Matrices camera = seen(scene_of(points), view.direction, {0.268, orthographic}, 1);
                 for (const auto &matrix : {camera.projection, camera.view})
                     for (const double value : matrix)
                         EXPECT_LT(std::abs(value), 1e38) << points.size() << view.name; // false for NaN, too
             }
+}
+
+// Whatever mouse and keys do, rays go through the places that the matrices give.
+TEST(Camera, TurnsAboutWhatItLooksAtAndComesCloserAtThePointer)
+{
+    const Scene scene = scene_of({
+        {-9, -3, -1},
+        {9,  5,  4 }
+    });
+    for (const bool orthographic : {false, true}) {
+        constexpr double aspect = 1.5, x = 0.4, y = -0.3;
+        Camera camera = frame(scene.vertices, {30, 40}, {0.268, orthographic}, aspect);
+        const Vec3 focal_point = camera.focal_point,
+                   under_pointer = camera.point_at(x, y, aspect) + Vec3{1, 2, 0};
+        camera.turn(700, 500);
+        EXPECT_EQ(camera.direction.elevation, 90);
+        EXPECT_EQ(length(camera.focal_point - focal_point), 0);
+        camera.turn(0, -60);
+        const auto before = camera.place_of(under_pointer, aspect);
+        camera.approach(0.3, under_pointer);
+        const auto after = camera.place_of(under_pointer, aspect);
+        ASSERT_TRUE(before && after);
+        const auto [at_x, at_y] = *after;
+        EXPECT_NEAR(at_x, (*before)[0], 1e-9);
+        EXPECT_NEAR(at_y, (*before)[1], 1e-9);
+        const Clip clipped =
+            clip(matrices_of(camera, aspect, {}, scene.lowest, scene.highest), under_pointer);
+        EXPECT_NEAR(clipped.x / clipped.w, at_x, 1e-9);
+        EXPECT_NEAR(clipped.y / clipped.w, at_y, 1e-9);
+        const Ray ray = camera.ray(at_x, at_y, aspect);
+        EXPECT_NEAR(length(cross(unit(ray.direction), unit(under_pointer - ray.origin))), 0, 1e-9);
+        camera.stand_at({3, -4, 5});
+        EXPECT_NEAR(length(camera.position() - Vec3{3, -4, 5}), 0, 1e-9);
+    }
 }
 
 } // namespace
