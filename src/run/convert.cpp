@@ -7,6 +7,7 @@
 #include "host/paths.h"
 
 #include <cmath>
+#include <memory>
 
 namespace marlogl {
 
@@ -100,7 +101,9 @@ int design_version(std::string_view path)
 
 void convert(FileSystem &files, const Configuration &configuration)
 {
-    Drawing drawing = begin_drawing(files, configuration);
+    // Its tables are too large for a small stack.
+    const std::unique_ptr<Drawing> holder(new Drawing(begin_drawing(files, configuration)));
+    Drawing &drawing = *holder;
     if (const int version = design_version(configuration.design); version != 0) {
         const Scene scene = read_design(files, configuration.design, version);
         write_header(drawing.out, scale(scene.scale_level));
