@@ -38,14 +38,9 @@ std::string Drawings::draw_once(int number, std::string &text)
     std::string fault;
     files_.written = &text;
     {
-        Drawing drawing{files_,
-                        configuration_,
-                        table_path_,
-                        {files_, std::string(CheckedFiles::drawn)},
-                        {files_, "points"},
-                        vertices_,
-                        outside,
-                        table_};
+        Drawing drawing(files_, configuration_, table_path_, std::string(CheckedFiles::drawn), "points");
+        drawing.vertices = vertices_;
+        drawing.colour_table = table_;
         try {
             draw_object(drawing, scene_, number, version_);
         } catch (const RunError &error) {

@@ -90,19 +90,32 @@ TEST(Text, HoldsExactlyItsWidth)
     EXPECT_FALSE(Text<2>("7") == " 7");
 }
 
-TEST(Number, OfAPlainFieldIsTheOneOfItsText)
+TEST(Number, OfPlainFieldsAreThoseOfTheirTexts)
 {
     constexpr std::string_view likely = "    0123456789", all = " 0123456789-+.eE\t!/:0x\xB0\xA0";
+    const auto is_plain = [](std::string_view field) {
+        return field.find_first_not_of("0123456789", std::min(field.find_first_not_of(' '), field.size())) ==
+               field.npos;
+    };
     std::mt19937 random(4);
     int plain_ones = 0;
     for (int i = 0; i < 200000; ++i) {
-        std::string field;
-        for (const std::string_view characters = i % 3 == 0 ? all : likely; field.size() < 4;)
-            field += characters[random() % characters.size()];
-        const std::size_t digit = std::min(field.find_first_not_of(' '), field.size());
-        const bool plain = field.find_first_not_of("0123456789", digit) == field.npos;
-        plain_ones += plain;
-        ASSERT_EQ(plain_number(field.data()), plain ? numeric_value(field) : -1) << quoted(field);
+        std::string text;
+        for (const std::string_view characters = i % 3 == 0 ? all : likely; text.size() < 8;)
+            text += characters[random() % characters.size()];
+        const std::string first = text.substr(0, 4), second = text.substr(4);
+        const PlainFields one(characters_at<std::uint32_t>(text.data()));
+        ASSERT_EQ(one.plain, is_plain(first)) << quoted(first);
+        if (one.plain) {
+            ASSERT_EQ(one.numbers, numeric_value(first)) << quoted(first);
+        }
+        const PlainFields two(characters_at<std::uint64_t>(text.data()));
+        ASSERT_EQ(two.plain, is_plain(first) && is_plain(second)) << quoted(text);
+        plain_ones += two.plain;
+        if (two.plain) {
+            ASSERT_EQ(two.numbers & 0xFFFFFFFF, numeric_value(first)) << quoted(text);
+            ASSERT_EQ(two.numbers >> 32, numeric_value(second)) << quoted(text);
+        }
     }
     EXPECT_GT(plain_ones, 10000);
 }

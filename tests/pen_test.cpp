@@ -12,7 +12,7 @@ struct Sheet {
     MemoryFiles files;
     Configuration configuration{"", "", "1, 2, 3", "4, 5, 6"};
     Object object;
-    Drawing drawing{files, configuration, "", {files, "out"}, {files, "points"}};
+    Drawing drawing{files, configuration, "", "out", "points"};
     Pen pen{drawing, object, 1};
 
     explicit Sheet(std::initializer_list<Vertex> points)

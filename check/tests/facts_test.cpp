@@ -39,7 +39,7 @@ class Trial {
         files.written = &text;
         Configuration configuration;
         {
-            Drawing drawing{files, configuration, "", {files, "drawn"}, {files, "points"}};
+            Drawing drawing(files, configuration, "", "drawn", "points");
             drawing.colour_table.emplace("colour table entry");
             draw_object(drawing, scene_, 1, version_);
         }

@@ -1,8 +1,10 @@
 // The numbers of a design file: the number of a text, and the conversions to whole numbers.
 #pragma once
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -14,23 +16,43 @@ namespace marlogl {
 /// give 0. Errors: overflow when the number is too large for a double.
 double numeric_value(std::string_view text);
 
-/// The number of a field of four characters that holds blanks and then digits, as nearly all fields of points
-/// do; -1 for every other field, also for one that holds a sign.
-inline int plain_number(const char *field)
+/// The numbers of a field of four characters (std::uint32_t) or of two neighbouring ones (std::uint64_t),
+/// when each holds blanks and then digits, as nearly all fields of points do.
+template <typename Word> struct PlainFields {
+    bool plain;   ///< no field holds anything else, a sign neither; otherwise `numbers` means nothing
+    Word numbers; ///< that of the first field in the lower 16 bits, that of a second one in bits 32 to 47
+
+    /// `characters` holds the fields, the first character in the lowest byte.
+    constexpr explicit PlainFields(Word characters);
+};
+
+/// The characters at `text` as a word, the first one in the lowest byte.
+template <typename Word> Word characters_at(const char *text)
 {
-    // Each character is a byte of `word`. Digits are 0x30 to 0x39, and a blank is 0x20: the bits that tell
-    // them apart mark the blanks, which must come first.
-    std::uint32_t word = 0; // the first character in the lowest byte
-    for (int i = 3; i >= 0; --i)
-        word = word << 8 | static_cast<unsigned char>(field[i]);
-    const std::uint32_t blanks = (~word & 0x10101010) >> 4, digits = (word | 0x10101010) - 0x30303030;
-    const bool blanks_first = (blanks & ~(blanks << 8 | 1)) == 0;
-    const bool all_plain =
-        (((digits + 0x76767676) | digits) & 0x80808080) == 0 && (digits & (blanks * 15)) == 0;
-    if (!blanks_first || !all_plain)
-        return -1;
-    const std::uint32_t pairs = (digits * 10 + (digits >> 8)) & 0x00FF00FF;
-    return static_cast<int>((pairs & 0xFF) * 100 + (pairs >> 16));
+    Word word = 0;
+    if constexpr (std::endian::native == std::endian::little)
+        std::memcpy(&word, text, sizeof word);
+    else
+        for (std::size_t i = sizeof word; i-- > 0;)
+            word = word << 8 | static_cast<unsigned char>(text[i]);
+    return word;
+}
+
+template <typename Word> constexpr PlainFields<Word>::PlainFields(Word characters)
+{
+    constexpr auto in_each_byte = [](Word value) { return static_cast<Word>(~Word{0} / 255 * value); };
+    constexpr auto in_each_half = [](Word value) {
+        return static_cast<Word>(sizeof(Word) == 4 ? value : value << 16 << 16 | value);
+    };
+    // Digits are 0x30 to 0x39, and a blank is 0x20: the bits that tell them apart mark the blanks, which must
+    // come first in each field.
+    const Word blanks = (~characters & in_each_byte(0x10)) >> 4;
+    const Word digits = (characters | in_each_byte(0x10)) - in_each_byte(0x30);
+    const Word blanks_behind = blanks & ~(blanks << 8 | in_each_half(1));
+    const Word above_nine = ((digits + in_each_byte(0x76)) | digits) & in_each_byte(0x80);
+    plain = (blanks_behind | above_nine | (digits & (blanks * 15))) == 0;
+    const Word pairs = (digits * 10 + (digits >> 8)) & in_each_half(0x00FF00FF);
+    numbers = (pairs * 100 + (pairs >> 16)) & in_each_half(0xFFFF);
 }
 
 /// `x` rounded to a whole number, halves to the even one.

@@ -1,12 +1,12 @@
 #include "design/records.h"
 
 #include <algorithm>
-#include <array>
 
 namespace marlogl {
 
 namespace {
 
+constexpr int shift = 5000; // what stands in the file above the coordinates of some types
 constexpr int shifted_types_1[] = {2, 3, 4, 7, 17, 20, 21, 23};
 constexpr int shifted_types_2[] = {1, 5, 18, 20, 21, 22};
 
@@ -95,39 +95,59 @@ void read_colour_flag(Reading &, Line line)
 
 std::int16_t coordinate(Line line, std::size_t first, bool shifted)
 {
-    if (line.size() >= first + 3)
-        if (const int plain = plain_number(line.data() + first - 1); plain >= 0)
-            return static_cast<std::int16_t>(shifted ? plain - 5000 : plain);
     const std::int16_t stored = whole_16(numeric_value(columns(line, first, first + 3)), "coordinate");
-    return shifted ? whole_16(stored - 5000, "coordinate (less 5000)") : stored;
+    return shifted ? whole_16(stored - shift, "coordinate (less 5000)") : stored;
 }
 
-// The number of a point, as a whole one.
-double point_number(Line line)
+bool is_skipped(const Reading &reading, double point_number)
 {
-    // With the key, which a blank replaces, the three characters of the number are four.
-    if (line.size() >= 4) {
-        const char field[] = {' ', line[1], line[2], line[3]};
-        if (const int plain = plain_number(field); plain >= 0)
-            return plain;
-    }
-    return round_half_even(numeric_value(columns(line, 2, 4)));
+    return reading.rules.skips_points_beyond_table && point_number > point_numbers.last;
+}
+
+Point &counted_point(Reading &reading, auto number)
+{
+    Object &object = *reading.object;
+    if (object.type != reading.rules.uncounted_type)
+        ++object.parameters(point_count_cell);
+    return object.points(number);
+}
+
+void store_marks(Point &point, Line line)
+{
+    point.code = columns(line, 13, 14);
+    point.attribute = columns(line, 15, 18);
+}
+
+// A point whose numbers are any texts.
+[[gnu::noinline]] void store_written_point(Reading &reading, Line line)
+{
+    const double number = round_half_even(numeric_value(columns(line, 2, 4)));
+    if (is_skipped(reading, number))
+        return;
+    const std::int16_t x = coordinate(line, 5, reading.shifted);
+    Point &point = counted_point(reading, number);
+    point.x = x;
+    point.y = coordinate(line, 9, reading.shifted);
+    store_marks(point, line);
 }
 
 void store_point(Reading &reading, Line line)
 {
-    Object &object = *reading.object;
-    const double number = point_number(line);
-    if (reading.rules.skips_points_beyond_table && number > point_numbers.last)
+    constexpr std::size_t numbers_end = 12;
+    if (line.size() < numbers_end)
+        return store_written_point(reading, line);
+    // With the key, which a blank replaces, the three characters of the number are a field of four.
+    const PlainFields number(characters_at<std::uint32_t>(line.data()) - 'Q' + ' ');
+    const PlainFields place(characters_at<std::uint64_t>(line.data() + 4));
+    if (!number.plain || !place.plain)
+        return store_written_point(reading, line);
+    if (is_skipped(reading, number.numbers))
         return;
-    if (object.type != reading.rules.uncounted_type)
-        ++object.parameters(point_count_cell);
-    const std::int16_t x = coordinate(line, 5, reading.shifted);
-    Point &point = object.points(number);
-    point.x = x;
-    point.y = coordinate(line, 9, reading.shifted);
-    point.code = columns(line, 13, 14);
-    point.attribute = columns(line, 15, 18);
+    Point &point = counted_point(reading, number.numbers);
+    const int less = reading.shifted ? shift : 0;
+    point.x = static_cast<std::int16_t>(static_cast<int>(place.numbers & 0xFFFF) - less);
+    point.y = static_cast<std::int16_t>(static_cast<int>(place.numbers >> 32) - less);
+    store_marks(point, line);
 }
 
 // The first row whose key begins the line decides; a line without one is skipped. The records that a design
@@ -184,26 +204,18 @@ bool PointRules::shifts(int type) const
     return std::find(shifted_types.begin(), shifted_types.end(), type) != shifted_types.end();
 }
 
-const Record *find_record(Line line)
+constinit const std::array<const Record *, 256> first_records = [] {
+    std::array<const Record *, 256> firsts{};
+    for (std::size_t row = std::size(records); row-- > 0;)
+        firsts[static_cast<unsigned char>(records[row].key[0])] = &records[row];
+    return firsts;
+}();
+
+const Record *find_longer_key(const Record *first, Line line)
 {
-    // The first row for each character; of the rows behind it only those with the same one can be meant.
-    static constexpr auto first_rows = [] {
-        std::array<std::uint8_t, 256> rows{};
-        for (std::size_t row = std::size(records); row-- > 0;)
-            rows[static_cast<unsigned char>(records[row].key[0])] = static_cast<std::uint8_t>(row + 1);
-        return rows;
-    }();
-    if (line.empty())
-        return nullptr;
-    const std::size_t first = first_rows[static_cast<unsigned char>(line[0])];
-    if (first == 0)
-        return nullptr;
-    if (const Record &record = records[first - 1]; record.key.size() == 1)
-        return &record;
-    for (const Record &record : std::span(records).subspan(first - 1))
-        if (record.key[0] == line[0] && line.starts_with(record.key))
-            return &record;
-    return nullptr;
+    const auto found = std::find_if(first, std::end(records),
+                                    [line](const Record &record) { return line.starts_with(record.key); });
+    return found == std::end(records) ? nullptr : found;
 }
 
 void end_reading(Reading &reading, const std::string &path, int version)

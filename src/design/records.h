@@ -3,6 +3,7 @@
 
 #include "design/scene.h"
 
+#include <array>
 #include <span>
 
 namespace marlogl {
@@ -48,8 +49,20 @@ struct Record {
     }
 };
 
+/// For each character the first record whose key begins with it; null where there is none.
+extern const std::array<const Record *, 256> first_records;
+
+/// Of the records from `first` on, the first one whose key begins the line; null when there is none.
+const Record *find_longer_key(const Record *first, Line line);
+
 /// The record that a line is; null for a line that is none.
-const Record *find_record(Line line);
+inline const Record *find_record(Line line)
+{
+    if (line.empty())
+        return nullptr;
+    const Record *first = first_records[static_cast<unsigned char>(line[0])];
+    return first == nullptr || first->key.size() == 1 ? first : find_longer_key(first, line);
+}
 
 /// What is left to do after the last record: structures of files before version 1.2 are converted. Errors:
 /// overflow, whose message names `path` and the object.

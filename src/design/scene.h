@@ -28,6 +28,8 @@ struct ColourText : Text<11> {
 };
 
 struct Object {
+    Object() {} // declared, or the tables would be cleared before they are filled
+
     /// Type code; 0 means that there is no such object.
     std::int16_t type = 0;
     std::string name;

@@ -40,11 +40,25 @@ template <typename Index> std::size_t place_in(Range range, Index index, const c
     return place;
 }
 
+/// T() at an address that the compiler has to look up: it would not copy what it knows, but write small parts
+/// one by one.
+template <typename T> inline constexpr T initial_value{};
+template <typename T> inline const T *const volatile initial = &initial_value<T>;
+
 /// A table of T, addressed by any index that place_in takes. Errors of every access: index.
 template <typename T, Range Rows> class Table {
   public:
     /// `name` says in messages what the index counts. Every entry is T() at first.
-    explicit Table(const char *name) : name_(name) {}
+    explicit Table(const char *name) : name_(name)
+    {
+        static_assert(!std::is_trivially_default_constructible_v<T>);
+    }
+
+    /// The same for small values.
+    explicit Table(const char *name) requires(std::is_trivially_copyable_v<T> && sizeof(T) <= 16)
+        : name_(name), entries_(*initial<Entries>)
+    {
+    }
 
     template <typename Index> T &operator()(Index index) { return entries_[place_in(Rows, index, name_)]; }
     template <typename Index> const T &operator()(Index index) const
@@ -62,19 +76,8 @@ template <typename T, Range Rows> class Table {
   private:
     using Entries = std::array<T, static_cast<std::size_t>(Rows.size())>;
 
-    // Small values are copied from one block that the compiler has filled.
-    static Entries initial()
-    {
-        if constexpr (std::is_trivially_copyable_v<T> && sizeof(T) <= 16) {
-            static constinit const Entries block{};
-            return block;
-        } else {
-            return {};
-        }
-    }
-
     const char *name_;
-    Entries entries_ = initial();
+    Entries entries_;
 };
 
 } // namespace marlogl

@@ -32,8 +32,11 @@ template <std::size_t Width> class Text {
     constexpr Text(const std::convertible_to<std::string_view> auto &content)
     {
         const std::string_view text = content;
-        for (std::size_t i = 0; i < Width; ++i)
-            characters_[i] = i < text.size() ? text[i] : ' ';
+        if (text.size() >= Width)
+            std::copy_n(text.data(), Width, characters_.data());
+        else
+            for (std::size_t i = 0; i < Width; ++i)
+                characters_[i] = i < text.size() ? text[i] : ' ';
     }
 
     constexpr std::string_view view() const { return {characters_.data(), Width}; }

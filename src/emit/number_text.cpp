@@ -115,6 +115,8 @@ char *put_beyond_texture(char *at, double pixel)
 char *put(char *at, GeneralText text)
 {
     const double value = require_finite(text.value) + 0.0; // no sign for zero
+    if (std::abs(value) < 1e9 && value == std::trunc(value))
+        return put(at, p0(value));
     if (std::abs(value) < 1e15)
         return std::to_chars(at, at + most_of_number, value, std::chars_format::fixed).ptr;
     char *end = std::to_chars(at, at + most_of_number, value, std::chars_format::scientific).ptr;

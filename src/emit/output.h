@@ -49,6 +49,8 @@ template <typename... Parts> char *put_line(char *at, const Parts &...parts)
 /// Lines that are written often: text from the first time on, and copied then.
 template <std::size_t Capacity> class KeptLines {
   public:
+    KeptLines() {} // the text is not there yet
+
     /// Lets the next time be the first one again.
     void forget() { size_ = 0; }
 

@@ -66,9 +66,8 @@ template <typename Number> bool Pen::begin(int face, Number p1, Number p2, Numbe
 // The texture line of a corner.
 void Pen::position(int slot)
 {
-    const std::size_t place = place_in(point_numbers, slot, "point");
     const Point &at = object.points(slot);
-    Drawing::PositionLine &last = to.position_lines[place];
+    Drawing::PositionLine &last = to.position_lines(slot);
     const auto write = [&] { texture_line(out(), at.x, at.y); };
     if (last.again && last.x == at.x && last.y == at.y) {
         out().lines(last.line, write);
@@ -128,8 +127,12 @@ void Pen::reversed_quad(FaceSlots slots, const std::array<double, 4> &points)
         return;
     for (std::size_t i = 0; i < 4; ++i) {
         const Vertex &plan = to.vertices(points[3 - i]);
+        const double z = to.vertices(points[i]).z;
         position(slots.positions + 3 - static_cast<int>(i));
-        vertex_line(out(), plan.x, plan.y, to.vertices(points[i]).z);
+        if (plan.z == z)
+            vertex(points[3 - i]);
+        else
+            vertex_line(out(), plan.x, plan.y, z);
     }
     end_line(out());
 }

@@ -2,9 +2,6 @@
 
 #include "base/run_error.h"
 
-#include <algorithm>
-#include <cstring>
-
 namespace marlogl {
 
 LineReader::LineReader(FileSystem &files, const std::string &path) : path_(path), file_(files.open(path))
@@ -30,28 +27,10 @@ bool LineReader::fill()
     return end_ > 0;
 }
 
-bool LineReader::at_end()
-{
-    return next_ == end_ && !fill();
-}
-
-std::string_view LineReader::read_line(std::size_t most)
+std::string_view LineReader::read_long_line(std::size_t most)
 {
     if (at_end())
         throw RunError(Fault::past_end, "the file " + quoted_path(path_) + " ends where a line is expected");
-    const char *line = buffer_.get() + next_;
-    const void *line_end = std::memchr(line, '\n', end_ - next_);
-    if (line_end == nullptr)
-        return read_long_line(most);
-    auto length = static_cast<std::size_t>(static_cast<const char *>(line_end) - line);
-    next_ += length + 1;
-    if (length > 0 && line[length - 1] == '\r')
-        --length;
-    return {line, std::min(length, most)};
-}
-
-std::string_view LineReader::read_long_line(std::size_t most)
-{
     long_line_.clear();
     bool ended = false, last_is_cr = false; // a CR belongs to the line end only before an LF
     std::size_t length = 0;

@@ -3,6 +3,8 @@
 
 #include "host/file_system.h"
 
+#include <algorithm>
+#include <cstring>
 #include <limits>
 
 namespace marlogl {
@@ -19,10 +21,21 @@ class LineReader {
 
     /// The next line without its end, at most its first `most` bytes; valid until the next call.
     /// Errors: past_end when the file has no further line, input_output.
-    std::string_view read_line(std::size_t most = whole_line);
+    std::string_view read_line(std::size_t most = whole_line)
+    {
+        const char *line = buffer_.get() + next_;
+        const void *line_end = std::memchr(line, '\n', end_ - next_);
+        if (line_end == nullptr) [[unlikely]]
+            return read_long_line(most);
+        auto length = static_cast<std::size_t>(static_cast<const char *>(line_end) - line);
+        next_ += length + 1;
+        if (length > 0 && line[length - 1] == '\r')
+            --length;
+        return {line, std::min(length, most)};
+    }
 
     /// Whether the last line was read. Errors: input_output.
-    bool at_end();
+    bool at_end() { return next_ == end_ && !fill(); }
 
     const std::string &path() const { return path_; }
 

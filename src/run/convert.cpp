@@ -42,7 +42,7 @@ void refuse_link(const NamedFile &written, const NamedFile &other)
                                                 " itself");
 }
 
-Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
+std::unique_ptr<Drawing> begin_drawing(FileSystem &files, const Configuration &configuration)
 {
     const NamedFile output(files, "output file", output_path(configuration.output));
     const NamedFile ngon(files, "temporary point file", configuration.folder + native_path("\\tempofil.%%%"));
@@ -55,10 +55,8 @@ Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
         for (const NamedFile &input : inputs)
             refuse_link(*written, input);
     refuse_link(ngon, output);
-    return {
-        files, configuration, inputs[2].path, {files, output.path},
-           {files, ngon.path  }
-    };
+    // Its tables are too large for a small stack.
+    return std::make_unique<Drawing>(files, configuration, inputs[2].path, output.path, ngon.path);
 }
 
 double scale(std::string_view scale_level)
@@ -101,8 +99,7 @@ int design_version(std::string_view path)
 
 void convert(FileSystem &files, const Configuration &configuration)
 {
-    // Its tables are too large for a small stack.
-    const std::unique_ptr<Drawing> holder(new Drawing(begin_drawing(files, configuration)));
+    const std::unique_ptr<Drawing> holder = begin_drawing(files, configuration);
     Drawing &drawing = *holder;
     if (const int version = design_version(configuration.design); version != 0) {
         const Scene scene = read_design(files, configuration.design, version);
