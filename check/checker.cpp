@@ -69,8 +69,8 @@ class ObjectChecks {
             object_seen.faces = faces_of(*kind, object);
         for (const Rule *each : all_rules()) {
             object_seen.complained = seen_.complained[index + 1];
-            if (each->object != nullptr && (!is_instance || each->of_instances))
-                each->object(object_seen, say(*each, number));
+            if (each->check.object != nullptr && (!is_instance || each->check.of_instances))
+                each->check.object(object_seen, say(*each, number));
         }
         if (kind != nullptr)
             textures_.check(object_seen, [&](std::string_view name) { return say(rule(name), number); });

@@ -18,7 +18,7 @@ const std::vector<const Rule *> &all_rules()
     static const std::vector<const Rule *> rules = [] {
         std::vector<const Rule *> list;
         for (const std::span<const Rule> group :
-             {line_rules(), number_rules(), object_rules(), face_rules(), cell_rules(),
+             {line_rules(), record_rules(), number_rules(), object_rules(), face_rules(), cell_rules(),
               point_rules_of_kinds(), colour_rules(), file_rules(), closing_rules()})
             for (const Rule &rule : group)
                 list.push_back(&rule);

@@ -1,8 +1,15 @@
 #include "seen.h"
 
+#include "lost_record.h"
+
 #include <algorithm>
 
 namespace marlogl::check {
+
+bool LineSeen::has_slot_number() const
+{
+    return !has_slot() || all_digits(trimmed(slot_field().text));
+}
 
 LineNumber *ObjectLines::find(char key, double slot)
 {
