@@ -73,16 +73,17 @@ class LineChecks {
                 seen_.lines.back().lost_opening = number;
         }
         const bool is_text = check_text(line, number);
+        std::string fault;
         try {
             if (store != nullptr)
                 store(reading_, line);
         } catch (const RunError &error) {
-            tell("stops-reading", number, line, error.what());
-            follow(record, number);
-            return;
+            fault = error.what();
         }
-        follow(record, number);
-        if (is_text)
+        follow(record, number); // a type that stops the reading has opened its object
+        if (!fault.empty())
+            tell("stops-reading", number, line, fault);
+        else if (is_text)
             apply_rules(line, number, record);
     }
 
