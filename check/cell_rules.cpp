@@ -8,40 +8,6 @@ namespace marlogl::check {
 
 namespace {
 
-// Tells a cell that is wrong, at its record.
-void tell_cell(const ObjectSeen &seen, const Say &say, int cell, const Message &message)
-{
-    say(seen.line_of(seen.cell_line(cell)), {"cell ", cell, " is ", seen.cell(cell), message.text()});
-}
-
-// Cells that hold a length with an offset added never hold less than half of the offset.
-void missing_offset_of_structure(const ObjectSeen &seen, const Say &say)
-{
-    constexpr std::string_view sides[] = {"back", "front", "right", "left"};
-    for (int side = 0; side < 4; ++side)
-        if (seen.cell(23) == side && seen.cell(21) < 2500)
-            tell_cell(seen, say, 21,
-                      {": the ", sides[side], " side hangs ", 5000 - seen.cell(21),
-                       " units too low; write P21 5000"});
-    for (int antenna = 1; antenna <= 4; ++antenna) {
-        const Point &at = seen.object.points(50 + antenna);
-        if (seen.cell(35 + antenna) == -1 && (at.x < 1000 || at.y < 1000))
-            say(seen.line_of(seen.cell_line(35 + antenna)),
-                {"point ", 50 + antenna, " of antenna ", antenna, " does not have 2000 added to x and y"});
-    }
-}
-
-void missing_offset(const ObjectSeen &seen, const Say &say)
-{
-    if (seen.is("structure with antennas"))
-        missing_offset_of_structure(seen, say);
-    if (seen.is("hip roof"))
-        for (const int cell : {11, 12})
-            if (seen.cell(cell) < 1000 && (cell == 11 || seen.cell(6) == 1))
-                tell_cell(seen, say, cell,
-                          {": the ridge lies at ", seen.cell(cell) - 2000, "; write P", cell, " 2000"});
-}
-
 // Cells without which a kind has no extent; what is not given counts as 0.
 constexpr struct {
     std::string_view kind;
@@ -86,19 +52,19 @@ void lights_half(const ObjectSeen &seen, const Say &say)
         return;
     const bool by_cell = seen.cell(31) == 1, by_code = !trimmed(seen.object.codes(26)).empty();
     if (by_cell && !by_code)
-        tell_cell(seen, say, 31, ", but code slot 26 is blank, so there are no lights; add K2601");
+        say.of_cell(seen, 31, ", but code slot 26 is blank, so there are no lights; add K2601");
     if (by_code && !by_cell)
         say(seen.code_line(26),
             "code slot 26 is not blank, but cell 31 is not 1, so there are no lights; add P31 1");
     if (by_code && by_cell && seen.is("capped cylinder") && seen.cell(7) == 5)
-        tell_cell(seen, say, 31, ", but a cylinder with nine corners (P07 5) gets no lights");
+        say.of_cell(seen, 31, ", but a cylinder with nine corners (P07 5) gets no lights");
 }
 
 void wheel_segments(const ObjectSeen &seen, const Say &say)
 {
     const double segments = seen.cell(11);
     if (seen.is("wheel") && segments != 12 && segments != 15 && segments != 18)
-        tell_cell(seen, say, 11, "; only 12, 15 and 18 segments work");
+        say.of_cell(seen, 11, "; only 12, 15 and 18 segments work");
 }
 
 // Cells that switch something on with one value only.
@@ -127,7 +93,7 @@ void switch_value(const ObjectSeen &seen, const Say &say)
     for (const auto &[kind, first, last, on] : switches)
         for (int cell = first; cell <= last && seen.is(kind); ++cell)
             if (seen.cell(cell) != 0 && seen.cell(cell) != on && !(old && cell >= 36 && cell <= 39))
-                tell_cell(seen, say, cell, {"; only ", on, " switches it on"});
+                say.of_cell(seen, cell, {"; only ", on, " switches it on"});
 }
 
 // Cells that choose a side, and the cell without which there is nothing to choose for.
@@ -148,8 +114,8 @@ void selector_value(const ObjectSeen &seen, const Say &say)
             continue;
         const double value = seen.cell(cell);
         if (value < 0 || value > last || value != std::floor(value))
-            tell_cell(seen, say, cell,
-                      {", which chooses no side (0 to ", last, "); cell ", amount, " has no effect"});
+            say.of_cell(seen, cell,
+                        {", which chooses no side (0 to ", last, "); cell ", amount, " has no effect"});
     }
 }
 
@@ -157,34 +123,19 @@ void sign_mode(const ObjectSeen &seen, const Say &say)
 {
     const double mode = seen.cell(8);
     if (seen.is("sign board") && mode < 5 && mode != 1 && mode != 2 && mode != 3 && mode != 4)
-        tell_cell(seen, say, 8, ", which draws nothing; write 1 to 7");
+        say.of_cell(seen, 8, ", which draws nothing; write 1 to 7");
 }
 
 void tower_not_upright(const ObjectSeen &seen, const Say &say)
 {
     if (seen.is("tower") && seen.cell(2) != 90)
-        tell_cell(seen, say, 2, "; without \"P02 90\" the output gets a tilt command");
+        say.of_cell(seen, 2, "; without \"P02 90\" the output gets a tilt command");
 }
 
 void road_elevation(const ObjectSeen &seen, const Say &say)
 {
     if (seen.is("roads") && seen.cell(58) != 0 && seen.cell(31) != 3)
-        tell_cell(seen, say, 58, ", which lifts only the right edge of the road; use cells 54 and 57");
-}
-
-void corner_number(const ObjectSeen &seen, const Say &say)
-{
-    if (seen.kind == nullptr || outlines_of(*seen.kind).empty())
-        return;
-    if (const int most = most_corners(*seen.kind); seen.cell(11) > most)
-        say(seen.line_of(seen.cell_line(11)),
-            {seen.cell(11), " corners: more than ", most, " overlap in the table of points"});
-}
-
-void too_few_corners(const ObjectSeen &seen, const Say &say)
-{
-    if (seen.kind != nullptr && !outlines_of(*seen.kind).empty() && seen.cell(11) < 3)
-        tell_cell(seen, say, 11, "; an outline has at least 3 corners");
+        say.of_cell(seen, 58, ", which lifts only the right edge of the road; use cells 54 and 57");
 }
 
 using enum Severity;
@@ -195,11 +146,6 @@ constexpr std::string_view scene = "scene.mr2";
 // A row is a rule, and reads as one.
 // clang-format off
 constexpr Rule rules[] = {
-    {"missing-offset", error, "a cell or point that is stored with 2000 or 5000 added holds less",
-     "Structures: cell 21 holds a height with 5000 added, points 51 to 54 the antennas with 2000\n"
-     "added. Hip roofs: cells 11 and 12 hold the ridge or the tip with 2000 added. Always write P21\n"
-     "5000, P11 2000. Without, the side or the ridge lies so far away that the scene has lost it.",
-     {scene, roof, "P11 2000\n", ""}, in_objects(missing_offset)},
     {"size-missing", warning, "a cell without which the kind has no extent is missing",
      "What is not given counts as 0, and corners fall together. Write a 0 where it is meant.",
      {scene, flag, "P02 9\n", ""}, in_objects(size_missing)},
@@ -227,12 +173,6 @@ constexpr Rule rules[] = {
      "It lifts the wire-frame, but of the surfaces the right edge alone. Leave it at 0 and use cells\n"
      "54 and 57.",
      {scene, road, "P18 1530\n", "P18 1530\nP58 2\n"}, in_objects(road_elevation)},
-    {"too-many-corners", error, "an outline has more corners than its points have room for",
-     "A two-sided extruded polygon has at most 10 corners, an extruded polygon at most 20.",
-     {scene, meadow, "P11 3\nK22Y\nF22grass\n", "P11 21\n"}, in_objects(corner_number)},
-    {"too-few-corners", warning, "an outline has fewer than three corners",
-     "Cell 11 is the number of corners.",
-     {scene, meadow, "P11 3\n", "P11 2\n"}, in_objects(too_few_corners)},
 };
 // clang-format on
 

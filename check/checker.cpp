@@ -132,7 +132,7 @@ std::vector<FileReport> check_file(FileSystem &files, const std::string &path, c
     const bool is_input = path == CheckedFiles::standard_input;
     const int version = is_input ? settings.version_of_input : design_version(path);
     if (version == 0) {
-        LineReader(checked, path); // a file that is not there is told first
+        const LineReader there(checked, path); // a file that is not there is told first
         SayTo(report, rule("wrong-ending"),
               0)(1, {1, 1}, "the name ends in neither .mrl nor .mr2; the output will be empty");
         return reports;

@@ -8,13 +8,6 @@ namespace marlogl::check {
 
 namespace {
 
-// A record with its number, which has as many digits as the record takes.
-std::string record_name(char key, int slot)
-{
-    const std::string digits = std::to_string(slot);
-    return key + std::string((key == 'Q' ? 3 : 2) - digits.size(), '0') + digits;
-}
-
 std::string face_name(const Face &face)
 {
     return "face " + std::to_string(face.slot) + " (" + face.name + ')';

@@ -97,7 +97,7 @@ constexpr Rule rules[] = {
      "The key of a record stands at position 1. A line that begins with a blank is skipped.",
      {scene, house, "P06 14\n", "  P06 14\n"}, in_remarks(indented_record)},
     {"lower-case-key", warning, "a record whose key is a small letter is a remark",
-     "Keys are case-sensitive: \"a23\" is a remark, \"A23\" opens an object.",
+     R"(Keys are case-sensitive: "a23" is a remark, "A23" opens an object.)",
      {scene, house, "P06 14\n", "p06 14\n"}, in_remarks(lower_case_key)},
     {"unused-key", note, "records of this key change nothing in the output",
      "The keys W, E, L, ]1, ]2, ?, MAXI, T, @, $ and : are read, but nothing in the output depends on\n"

@@ -46,6 +46,8 @@ class Say {
     {
         (*this)(seen.number, field.at, message);
     }
+    /// Of a cell: "cell 11 is 14" and the message.
+    void of_cell(const ObjectSeen &seen, int cell, const Message &message) const;
 };
 
 using CheckLine = void (*)(const LineSeen &, const Say &);
@@ -98,7 +100,9 @@ std::span<const Rule> number_rules();
 std::span<const Rule> object_rules();
 std::span<const Rule> face_rules();
 std::span<const Rule> cell_rules();
-std::span<const Rule> point_rules_of_kinds();
+std::span<const Rule> offset_rules();
+std::span<const Rule> outline_rules();
+std::span<const Rule> row_rules();
 std::span<const Rule> colour_rules();
 std::span<const Rule> file_rules();
 /// These look at what the others have found.

@@ -29,6 +29,9 @@ struct ObjectLines {
     LineNumber *find(char key, double slot);
 };
 
+/// The key and number of a record, which has as many digits as the record takes: "K01", "Q001".
+std::string record_name(char key, int number);
+
 /// Positions in a line, both included.
 struct Columns {
     std::size_t first = 1, last = 1;

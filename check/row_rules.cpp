@@ -1,4 +1,4 @@
-// Rules that look at the points of an object: outlines, rows of points, marks, offsets.
+// Rules that look at rows of points: those of towers, roads, fences and beams.
 #include "examples.h"
 #include "rules.h"
 
@@ -7,12 +7,6 @@
 namespace marlogl::check {
 
 namespace {
-
-std::string point_name(int point)
-{
-    const std::string digits = std::to_string(point);
-    return 'Q' + std::string(3 - std::min<std::size_t>(digits.size(), 3), '0') + digits;
-}
 
 // The line of a point that counts, 0 for none.
 LineNumber counted_line(const ObjectSeen &seen, int point)
@@ -54,52 +48,10 @@ void point_gap(const ObjectSeen &seen, const Say &say)
         --highest;
     for (int point = 1; point < highest; ++point)
         if (counted_line(seen, point) == 0) {
-            say(counted_line(seen, highest), {"the row of points has no ", point_name(point),
+            say(counted_line(seen, highest), {"the row of points has no ", record_name('Q', point),
                                               ", so it ends at point ", point_count(seen), " of ", highest});
             return;
         }
-}
-
-void outline_missing(const ObjectSeen &seen, const Say &say)
-{
-    if (seen.kind == nullptr)
-        return;
-    const double n = seen.cell(11);
-    for (const auto &[before, name] : outlines_of(*seen.kind))
-        for (int corner = 1; corner <= n && n <= most_corners(*seen.kind); ++corner)
-            if (seen.point_line(before + corner) == 0) {
-                say(seen.line_of(seen.cell_line(11)),
-                    {"corner ", corner, " of the ", name, " (", point_name(before + corner),
-                     ") is missing; it lies at 0,0"});
-                break;
-            }
-}
-
-// The codes of an outline's corners; empty when no cap is drawn as triangles.
-std::string_view corner_codes(const ObjectSeen &seen)
-{
-    constexpr std::string_view codes = "123456789ABCDEFGHIJK";
-    if (seen.kind == nullptr || outlines_of(*seen.kind).empty() || seen.cell(4) != 1)
-        return {};
-    const bool has_cap = std::any_of(seen.faces.begin(), seen.faces.end(), [&](const Face &face) {
-        return face.name.find("cap") != face.name.npos && seen.is_drawn(face.slot);
-    });
-    const double n = seen.cell(11);
-    return has_cap && n >= 3 && n <= most_corners(*seen.kind) ? codes.substr(0, static_cast<std::size_t>(n))
-                                                              : std::string_view();
-}
-
-void triangle_codes(const ObjectSeen &seen, const Say &say)
-{
-    const std::string_view codes = corner_codes(seen);
-    for (int triangle = 1; triangle + 2 <= static_cast<int>(codes.size()); ++triangle) {
-        const std::string_view names = std::string_view(seen.object.points(triangle).attribute).substr(0, 3);
-        if (names.find_first_not_of(codes) != names.npos)
-            say(seen.line_of(seen.point_line(triangle)),
-                {"triangle ", triangle, " is skipped: the attribute of ", point_name(triangle),
-                 " names the corners ", quoted(names), ", which are no three of ", codes.front(), " to ",
-                 codes.back()});
-    }
 }
 
 void rail_from_origin(const ObjectSeen &seen, const Say &say)
@@ -134,40 +86,6 @@ void point_without_mark(const ObjectSeen &seen, const Say &say)
             say(line, {"point ", point, " is not drawn: it has no ", wanted});
 }
 
-bool adds_5000(const LineSeen &seen)
-{
-    return seen.reading.rules.shifts(seen.reading.object->type);
-}
-
-struct Stored {
-    double x, y;
-
-    explicit Stored(const LineSeen &seen)
-        : x(numeric_value(seen.field(5, 8).text)), y(numeric_value(seen.field(9, 12).text))
-    {
-    }
-    bool lies_between(double low, double high) const
-    {
-        return std::min(x, y) >= low && std::max(x, y) <= high;
-    }
-};
-
-void points_without_5000(const LineSeen &seen, const Say &say)
-{
-    // Nobody draws in that corner, but texture positions and small coordinates without the offset all lie
-    // there.
-    const Stored point(seen);
-    if (seen.kind() != nullptr && adds_5000(seen) && point.lies_between(-800, 800))
-        say(seen, seen.field(5, 12),
-            {"the points of this kind have 5000 added; x = ", point.x, " lies at ", point.x - 5000});
-}
-
-void unwanted_5000(const LineSeen &seen, const Say &say)
-{
-    if (seen.kind() != nullptr && !adds_5000(seen) && Stored(seen).lies_between(4900, 1e300))
-        say(seen, seen.field(5, 12), {"the points of a ", seen.kind()->name, " do not have 5000 added"});
-}
-
 using enum Severity;
 using namespace examples;
 
@@ -187,13 +105,6 @@ constexpr Rule rules[] = {
     {"point-gap", error, "a row of points has a gap; its last points are not drawn",
      "The number of points is the number of Q records, whatever their point numbers.",
      {scene, fence, "Q00350004986     P\n", "Q00450004986     P\n"}, in_objects(point_gap)},
-    {"outline-missing", warning, "a corner of an outline is missing",
-     "Both outlines need all their corners; one that is left out lies at 0,0.",
-     {scene, meadow, "Q02350505050\n", ""}, in_objects(outline_missing)},
-    {"triangle-codes", warning, "a triangle of a cap names corners that are not there",
-     "With cell 4 at 1 the attribute of point j names the three corners of triangle j by the codes 1\n"
-     "to 9 and A to K. A triangle without three valid codes is skipped.",
-     {scene, triangles, "Q00149504950  123\n", "Q00149504950  1 3\n"}, in_objects(triangle_codes)},
     {"rail-from-origin", warning, "a fence begins with a rail from the origin",
      "An L draws a rail from the point before; before point 1 lies point 0, at the origin.",
      {scene, fence, "Q00149804986     P\n", "Q00149804986     L\n"}, in_objects(rail_from_origin)},
@@ -201,19 +112,12 @@ constexpr Rule rules[] = {
      "The attribute stands at positions 15 to 18. A fence needs L or P at 18, a tower H or V at 18, a\n"
      "beam P at 17.",
      {scene, fence, "Q00350004986     P\n", "Q00350004986   P\n"}, in_objects(point_without_mark)},
-    {"points-without-5000", error, "points that are stored with 5000 added hold less",
-     "Extruded polygons, towers, roads, fences and beams store every point with 5000 added, their\n"
-     "texture positions too. A point without it lies so far away that the scene has lost it.",
-     {scene, meadow, "Q14150007550\n", "Q141   0 255\n"}, in_records("Q", points_without_5000)},
-    {"unwanted-5000", warning, "points of this kind do not have 5000 added",
-     "A texture position of 5000 repeats the picture 20 times.",
-     {scene, house, "Q003 255   0\n", "Q00352555000\n"}, in_records("Q", unwanted_5000)},
 };
 // clang-format on
 
 } // namespace
 
-std::span<const Rule> point_rules_of_kinds()
+std::span<const Rule> row_rules()
 {
     return rules;
 }
