@@ -64,8 +64,6 @@ using enum Severity;
 using namespace examples;
 using namespace std::string_view_literals;
 
-constexpr std::string_view scene = "scene.mr2";
-
 // A row is a rule, and reads as one.
 // clang-format off
 constexpr Rule rules[] = {

@@ -142,7 +142,6 @@ void size_fraction(const LineSeen &seen, const Say &say)
 using enum Severity;
 using namespace examples;
 
-constexpr std::string_view scene = "scene.mr2";
 constexpr std::string_view with_number = "ACDPV";
 
 // A row is a rule, and reads as one.

@@ -68,8 +68,6 @@ void triangle_codes(const ObjectSeen &seen, const Say &say)
 using enum Severity;
 using namespace examples;
 
-constexpr std::string_view scene = "scene.mr2";
-
 // A row is a rule, and reads as one.
 // clang-format off
 constexpr Rule rules[] = {

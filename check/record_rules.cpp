@@ -108,8 +108,6 @@ void texture_backslash(const LineSeen &seen, const Say &say)
 using enum Severity;
 using namespace examples;
 
-constexpr std::string_view scene = "scene.mr2";
-
 // A row is a rule, and reads as one.
 // clang-format off
 constexpr Rule rules[] = {

@@ -153,7 +153,7 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"A2\nK3001\nA2\nK3002\n",
          "15: error: K30 names object 2, which is an instance itself; name object 1 "
          "[instance-of-instance]"},
-        {"A20\nQ00150005000     P\nP50 0\nQ00150005000     P\n", ""},
+        {"A20\nQ00150005000     P\nQ00350005000     P\nP50 0\nQ00150005000     P\n", ""},
         {"A20\nQ00150005000     L\nQ00050005000\nQ00252005000     L\n",
          "14: warning: Q000 counts as a point; the last point of the row is then missing [point-zero]"},
         {"A22\nP02 90\nQ0015000500061Y  H\nQ0025000501001Y  H\n",
@@ -172,6 +172,8 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"Q005 1.5   0\n", "12: warning: 1.5 is read as 2 [fraction]"},
         {"Q180   0   0\nQ181   0   0\n",
          "13: error: point 181 is outside 0 to 180; the record is skipped [point-skipped]"},
+        {"K05Y\nF05wood\nQ017   0   0\n",
+         "12: warning: Q018 of face 5 (left slope) is missing; it counts as 0,0 [positions-partly]"},
         {"K31x\nK32x\n",
          "13: error: code slot 32 is outside 0 to 31; the record is skipped [slot-too-large]"},
         {"F05a\\b\n",
