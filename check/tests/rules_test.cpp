@@ -220,6 +220,14 @@ TEST(Rules, TellAMistakeOnce)
     }
 }
 
+TEST(Rules, TellEveryObjectBehindTextures)
+{
+    const std::string post = "A20\nQ00150005000     P\n",
+                      all = told("s.mr2", house + post + post, Severity::note);
+    EXPECT_NE(all.find("s.mr2:12: note: this object stands behind textured faces"), all.npos) << all;
+    EXPECT_NE(all.find("s.mr2:14: note: this object stands behind textured faces"), all.npos) << all;
+}
+
 TEST(Rules, LookAtTheFilesBesideTheDesignFile)
 {
     Files files = usual_files();
