@@ -1,14 +1,15 @@
 #include "faces.h"
 
+#include <numeric>
+
 namespace marlogl::check {
 
 namespace {
 
 std::vector<int> slots_from(int first, int count)
 {
-    std::vector<int> slots;
-    for (int i = 0; i < count; ++i)
-        slots.push_back(first + i);
+    std::vector<int> slots(static_cast<std::size_t>(count));
+    std::iota(slots.begin(), slots.end(), first);
     return slots;
 }
 

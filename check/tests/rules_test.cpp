@@ -188,6 +188,9 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"A19\nP11 13\n", "13: warning: cell 11 is 13; only 12, 15 and 18 segments work [wheel-segments]"},
         {"A21\nP02 9\nP58 3\n", "14: warning: cell 58 is 3, which lifts only the right edge of the road; use "
                                 "cells 54 and 57 [road-elevation]"},
+        {"A6\nP21 5000\nP22 3\nP24 1.5\n",
+         "15: warning: cell 24 is 1.5, which chooses no side (0 to 3); cell 22 has no effect "
+         "[selector-value]"},
         {"A7\nP07 0\nK2601\n", "14: warning: code slot 26 is not blank, but cell 31 is not 1, so there are "
                                "no lights; add P31 1 [lights-half]"},
         {"A7\nP07 5\nP31 1\nK2601\n", "14: warning: cell 31 is 1, but a cylinder with nine corners (P07 5) "
