@@ -129,7 +129,7 @@ constexpr Rule rules[] = {
      "extruded polygon of version 1 keeps what is written.)",
      {scene, house, "", "P50 6\n"}, in_records("P", cell_50)},
     {"code-shifted", warning, "the text of a K record begins with a blank",
-     "The text of a K record starts at position 4. \"K01Y\" switches face 1 on; \"K01 Y\" does not.",
+     R"(The text of a K record starts at position 4. "K01Y" switches face 1 on; "K01 Y" does not.)",
      {scene, house, "K01Y\n", "K01 Y\n"}, in_records("K", code_shifted)},
     {"code-cut", error, "a K record holds two characters; the rest is cut off",
      "Numbers in K records (colours, instances) have two digits.",
