@@ -69,8 +69,8 @@ class ObjectChecks {
             object_seen.faces = faces_of(*kind, object);
         for (const Rule *each : all_rules()) {
             object_seen.complained = seen_.complained[index + 1];
-            if (each->object != nullptr && (!is_instance || each->of_instances))
-                each->object(object_seen, say(*each, number));
+            if (each->check.object != nullptr && (!is_instance || each->check.of_instances))
+                each->check.object(object_seen, say(*each, number));
         }
         if (kind != nullptr)
             textures_.check(object_seen, [&](std::string_view name) { return say(rule(name), number); });
@@ -132,7 +132,7 @@ std::vector<FileReport> check_file(FileSystem &files, const std::string &path, c
     const bool is_input = path == CheckedFiles::standard_input;
     const int version = is_input ? settings.version_of_input : design_version(path);
     if (version == 0) {
-        LineReader(checked, path); // a file that is not there is told first
+        const LineReader there(checked, path); // a file that is not there is told first
         SayTo(report, rule("wrong-ending"),
               0)(1, {1, 1}, "the name ends in neither .mrl nor .mr2; the output will be empty");
         return reports;

@@ -2,6 +2,7 @@
 #include "colours.h"
 
 #include "examples.h"
+#include "lost_record.h"
 #include "rules.h"
 
 namespace marlogl::check {
@@ -37,31 +38,30 @@ std::string large_fault(std::string_view nine)
 
 namespace {
 
-// Positions 6 to 14 of a record.
-constexpr Columns components{6, 14};
-
-std::string_view components_of(const LineSeen &seen)
+Field components_of(const LineSeen &seen)
 {
-    return columns(seen.line, components.first, components.last);
+    return seen.field(6, 14);
 }
 
 void short_colour(const LineSeen &seen, const Say &say)
 {
-    if (!is_whole_colour(components_of(seen)))
-        say(seen.number, components,
-            "a colour needs nine digits at positions 6 to 14, not " + quoted(components_of(seen)));
+    const Field field = components_of(seen);
+    if (!is_whole_colour(field.text))
+        say(seen, field, {"a colour needs nine digits at positions 6 to 14, not ", quoted(field.text)});
+    else if (all_digits(seen.field(15, 15).text))
+        say(seen, seen.field(6, 15), "the colour goes on behind position 14, where it is cut");
 }
 
 void octal_colour(const LineSeen &seen, const Say &say)
 {
-    if (const std::string fault = octal_fault(components_of(seen)); !fault.empty())
-        say(seen.number, components, fault);
+    if (const std::string fault = octal_fault(components_of(seen).text); !fault.empty())
+        say(seen, components_of(seen), fault);
 }
 
 void large_colour(const LineSeen &seen, const Say &say)
 {
-    if (const std::string fault = large_fault(components_of(seen)); !fault.empty())
-        say(seen.number, components, fault);
+    if (const std::string fault = large_fault(components_of(seen).text); !fault.empty())
+        say(seen, components_of(seen), fault);
 }
 
 // Calls `use` with each colour number that the object gives: its text, what replaces it, and its line.
@@ -69,11 +69,11 @@ template <typename Use> void for_each_colour_number(const ObjectSeen &seen, Use 
 {
     const auto code = [&](int slot) {
         if (const std::string_view text = trimmed(seen.object.codes(slot)); !text.empty())
-            use(text, 1, seen.at.codes[static_cast<std::size_t>(slot)]);
+            use(text, 1, seen.code_line(slot));
     };
     const auto point = [&](int number, int replacement) {
         if (const std::string_view text = trimmed(seen.object.points(number).code); !text.empty())
-            use(text, replacement, seen.at.points[static_cast<std::size_t>(number)]);
+            use(text, replacement, seen.point_line(number));
     };
     if (seen.is("fence"))
         code(1);
@@ -92,7 +92,7 @@ void colour_number_outside(const ObjectSeen &seen, const Say &say)
         const double number = numeric_value(text);
         if (colour_number(number, replacement) != number)
             say(seen.line_of(line),
-                "colour " + quoted(text) + " is outside 1 to 60 and becomes " + std::to_string(replacement));
+                {"colour ", quoted(text), " is outside 1 to 60 and becomes ", replacement});
     });
 }
 
@@ -103,8 +103,8 @@ void colour_not_in_table(const ObjectSeen &seen, const Say &say)
     for_each_colour_number(seen, [&](std::string_view text, int replacement, LineNumber line) {
         const double number = colour_number(numeric_value(text), replacement);
         if (!is_whole_colour((*seen.colours)(number).components))
-            say(seen.line_of(line), "colour " + message_number(number) +
-                                        " is not in the colour table; the output does not compile");
+            say(seen.line_of(line),
+                {"colour ", number, " is not in the colour table; the output does not compile"});
     });
 }
 
@@ -115,14 +115,12 @@ void octal_colour_in_table(const ObjectSeen &seen, const Say &say)
     for_each_colour_number(seen, [&](std::string_view text, int replacement, LineNumber line) {
         const double number = colour_number(numeric_value(text), replacement);
         if (const std::string fault = octal_fault((*seen.colours)(number).components); !fault.empty())
-            say(seen.line_of(line), "line " + message_number(number) + " of the colour table: " + fault);
+            say(seen.line_of(line), {"line ", number, " of the colour table: ", fault});
     });
 }
 
 using enum Severity;
 using namespace examples;
-
-constexpr std::string_view scene = "scene.mr2";
 
 // A row is a rule, and reads as one.
 // clang-format off
@@ -130,20 +128,20 @@ constexpr Rule rules[] = {
     {"short-colour", error, "a colour does not have nine digits",
      "Positions 4 and 5 of a colour record are not used; red, green and blue follow with three digits\n"
      "each. What is missing stays blank in the output, which then does not compile.",
-     {"scene.mrl", mast, "\\01  224000000\n", "\\01224000000\n"}, "\\", short_colour},
+     {"scene.mrl", mast, "\\01  224000000\n", "\\01224000000\n"}, in_records("\\", short_colour)},
     {"octal-colour", warning, "a colour component that C reads as an octal number",
      "The digits are copied to the output as they are, and in C a number with a leading zero is octal.",
-     {"scene.mrl", mast, "\\01  224000000\n", "\\01  224064000\n"}, "\\", octal_colour, octal_colour_in_table},
+     {"scene.mrl", mast, "\\01  224000000\n", "\\01  224064000\n"}, {"\\", octal_colour, octal_colour_in_table}},
     {"large-colour", warning, "a colour component above 255",
      "The statements of the output take numbers from 0 to 255.",
-     {"scene.mrl", mast, "\\01  224000000\n", "\\01  256000000\n"}, "\\", large_colour},
+     {"scene.mrl", mast, "\\01  224000000\n", "\\01  256000000\n"}, in_records("\\", large_colour)},
     {"colour-number", warning, "a colour number outside 1 to 60",
      "It is replaced: by 1, for the lines of a tower by 11.",
-     {scene, fence, "K0107\n", "K0161\n"}, "", nullptr, colour_number_outside},
+     {scene, fence, "K0107\n", "K0161\n"}, in_objects(colour_number_outside)},
     {"colour-not-in-table", error, "a colour number beyond the lines of the colour table",
      "A line that the table does not have gives an empty colour, which is no C. This is checked when\n"
      "MarlOgl.dat is named, beside which the table lies.",
-     {scene, fence, "K0107\n", "K0141\n"}, "", nullptr, colour_not_in_table},
+     {scene, fence, "K0107\n", "K0141\n"}, in_objects(colour_not_in_table)},
 };
 // clang-format on
 

@@ -5,6 +5,9 @@
 
 namespace marlogl::check::examples {
 
+/// The file that holds them, but for those of version 1.
+inline constexpr std::string_view scene = "scene.mr2";
+
 inline constexpr std::string_view house = R"(A23
 BOld barn
 P01 13

@@ -16,10 +16,10 @@ constexpr std::string_view dat = "MarlOgl.dat";
 constexpr Rule rules[] = {
     {"texture-missing", warning, "a bitmap lies neither beside the output nor beside the design file",
      "This is checked where other bitmaps lie there. Elsewhere the textures are kept in another place.",
-     {"scene.mr2", house, "F01front\n", "F01frnt\n"}},
+     {scene, house, "F01front\n", "F01frnt\n"}},
     {"texture-case", warning, "a bitmap is there in other capital and small letters",
      "Some systems do not find it then. Write the name as the file has it.",
-     {"scene.mr2", house, "F01front\n", "F01Front\n"}},
+     {scene, house, "F01front\n", "F01Front\n"}},
     {"configuration-line", error, "the run configuration has fewer than four lines",
      "Design file, output, colour of outsides, colour of insides.",
      {dat, configuration, "224224224\n", ""}},
@@ -44,7 +44,7 @@ constexpr Rule rules[] = {
      {"appl/colors.tab", colour_table, colour_table, ""}},
     {"unknown-rule", warning, "a remark switches off a rule that is not there",
      "The names of the rules are those that --list-rules prints.",
-     {"scene.mr2", house, "", "# check: ignore small-x\n"}},
+     {scene, house, "", "# check: ignore small-x\n"}},
 };
 // clang-format on
 

@@ -1,9 +1,11 @@
 #include "reading.h"
 
 #include "base/run_error.h"
+#include "lost_record.h"
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace marlogl::check {
 
@@ -20,9 +22,9 @@ const RulesByKey &rules_by_key()
         RulesByKey table;
         for (std::size_t key = 0; key < table.size(); ++key)
             for (const Rule *rule : all_rules())
-                if (rule->line != nullptr &&
-                    (rule->keys.empty() ? key == 0
-                                        : rule->keys.find(static_cast<char>(key)) != rule->keys.npos))
+                if (const auto &[keys, line, object, of_instances] = rule->check;
+                    line != nullptr &&
+                    (keys.empty() ? key == 0 : keys.find(static_cast<char>(key)) != keys.npos))
                     table[key].push_back(rule);
         return table;
     }();
@@ -64,19 +66,24 @@ class LineChecks {
     {
         const Record *record = find_record(line);
         const Store store = record != nullptr ? record->stores[version_ - 1] : nullptr;
-        if (record == nullptr)
+        if (record == nullptr) {
             read_remark(line, number, report_);
+            // What follows belongs to another object in the author's mind, and is not given twice.
+            if (object_ > 0 && lost_record(line).starts_with('A'))
+                seen_.lines.back().lost_opening = number;
+        }
         const bool is_text = check_text(line, number);
+        std::string fault;
         try {
             if (store != nullptr)
                 store(reading_, line);
         } catch (const RunError &error) {
-            tell("stops-reading", number, line, error.what());
-            follow(record, number);
-            return;
+            fault = error.what();
         }
-        follow(record, number);
-        if (is_text)
+        follow(record, number); // a type that stops the reading has opened its object
+        if (!fault.empty())
+            tell("stops-reading", number, line, fault);
+        else if (is_text)
             apply_rules(line, number, record);
     }
 
@@ -136,24 +143,25 @@ class LineChecks {
 
     void apply_rules(Line line, LineNumber number, const Record *record)
     {
-        constexpr std::string_view with_slot = "PKF\\?Q";
         const char key = record != nullptr ? line[0] : '\0';
         LineSeen line_seen{reading_, version_, line, number, record, 0, 0};
-        if (key != '\0' && with_slot.find(key) != with_slot.npos)
+        if (line_seen.has_slot())
             line_seen.slot = slot_of(line);
         if (object_ > 0) {
             ObjectLines &lines = seen_.lines.back();
             if (LineNumber *set = lines.find(key, line_seen.slot)) {
-                if (key != 'Q' || *set > lines.counted_from)
+                if (*set > lines.lost_opening && (key != 'Q' || *set > lines.counted_from))
                     line_seen.earlier = *set;
                 *set = number;
             }
             if (key == 'P' && line_seen.slot == point_count_cell)
                 lines.counted_from = number;
         }
+        if (key == 'J' || key == 'V')
+            line_seen.earlier = std::exchange(key == 'J' ? scale_level_ : file_version_, number);
         for (const Rule *each : rules_by_key()[static_cast<unsigned char>(key)]) {
             try {
-                each->line(line_seen, SayTo(report_, *each, object_, &seen_.complained));
+                each->check.line(line_seen, SayTo(report_, *each, object_, &seen_.complained));
             } catch (const RunError &) {
                 // A number too large for the rule; where it matters, the drawing of the object says so.
             }
@@ -164,7 +172,8 @@ class LineChecks {
     FileReport &report_;
     int version_;
     Reading reading_;
-    int object_ = 0; // the number of the object that the records belong to
+    LineNumber scale_level_ = 0, file_version_ = 0; // the lines that set them
+    int object_ = 0;                                // the number of the object that the records belong to
 };
 
 } // namespace
@@ -174,11 +183,11 @@ const Rule &rule(std::string_view name)
     return *find_rule(name);
 }
 
-void SayTo::operator()(LineNumber line, Columns columns, std::string message) const
+void SayTo::operator()(LineNumber line, Columns columns, const Message &message) const
 {
     if (complained_ != nullptr && object_ > 0 && rule_.severity != Severity::note)
         (*complained_)[static_cast<std::size_t>(object_)] = true;
-    report_.add(rule_, line, columns, std::move(message), object_);
+    report_.add(rule_, line, columns, message.text(), object_);
 }
 
 void read_design(LineReader &file, int version, DesignSeen &seen, FileReport &report)

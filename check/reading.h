@@ -29,7 +29,7 @@ class SayTo : public Say {
     {
     }
     using Say::operator();
-    void operator()(LineNumber line, Columns columns, std::string message) const override;
+    void operator()(LineNumber line, Columns columns, const Message &message) const override;
 
   private:
     FileReport &report_;

@@ -13,13 +13,18 @@ std::string Example::before(int copies) const
     return text.replace(at, good.size(), fault);
 }
 
+void Say::of_cell(const ObjectSeen &seen, int cell, const Message &message) const
+{
+    (*this)(seen.line_of(seen.cell_line(cell)), {"cell ", cell, " is ", seen.cell(cell), message.text()});
+}
+
 const std::vector<const Rule *> &all_rules()
 {
     static const std::vector<const Rule *> rules = [] {
         std::vector<const Rule *> list;
         for (const std::span<const Rule> group :
-             {line_rules(), number_rules(), object_rules(), face_rules(), cell_rules(),
-              point_rules_of_kinds(), colour_rules(), file_rules(), closing_rules()})
+             {line_rules(), record_rules(), number_rules(), object_rules(), face_rules(), cell_rules(),
+              offset_rules(), outline_rules(), row_rules(), colour_rules(), file_rules(), closing_rules()})
             for (const Rule &rule : group)
                 list.push_back(&rule);
         return list;

@@ -1,8 +1,22 @@
 #include "seen.h"
 
+#include "lost_record.h"
+
 #include <algorithm>
 
 namespace marlogl::check {
+
+std::string record_name(char key, int number)
+{
+    const std::string digits = std::to_string(number);
+    const std::size_t width = key == 'Q' ? 3 : 2;
+    return key + std::string(width - std::min(digits.size(), width), '0') + digits;
+}
+
+bool LineSeen::has_slot_number() const
+{
+    return !has_slot() || all_digits(trimmed(slot_field().text));
+}
 
 LineNumber *ObjectLines::find(char key, double slot)
 {

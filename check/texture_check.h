@@ -27,7 +27,7 @@ class TextureCheck {
                 continue;
             const auto [rule, message] = fault_of(std::string(trimmed(seen.object.texts(slot))));
             if (!rule.empty())
-                say(rule)(seen.line_of(seen.at.texts[static_cast<std::size_t>(slot)]), message);
+                say(rule)(seen.line_of(seen.text_line(slot)), message);
         }
     }
 

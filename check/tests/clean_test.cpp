@@ -59,11 +59,11 @@ class Generator {
     {
         std::string text = random_.below(2) ? "# a remark\n" + head : head;
         int count = 0;
-        for (int i = random_.from_to(1, 20); i > 0; --i) {
+        for (const int most = random_.below(20) ? random_.from_to(1, 20) : 70; count < most;) {
             text +=
                 object(objects[static_cast<std::size_t>(random_.below(static_cast<int>(objects.size())))]);
             const int drawn = ++count;
-            if (random_.below(4) == 0) {
+            if (random_.below(4) == 0 && count < most) {
                 text += "A23\nBInstance\n" + place() + "K30" + (drawn < 10 ? "0" : "") +
                         std::to_string(drawn) + '\n';
                 ++count;

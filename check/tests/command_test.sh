@@ -53,7 +53,7 @@ expect 0 "    K01 Y" --explain code-shifted
 expect 0 "0 errors, 0 warnings" "$root/examples/village/MarlOgl.dat" "$root/examples/hamlet/MarlOgl.dat"
 
 "$program" --kind=mr2 - <wrong.mr2 >out 2>err
-[ $? -eq 1 ] && grep -q '^-:2:1: error' out || fail "standard input: $(cat out err)"
+{ [ $? -eq 1 ] && grep -q '^-:2:1: error' out; } || fail "standard input: $(cat out err)"
 
 "$program" --format=json warned.mr2 wrong.mr2 >out 2>err
 tr -d '\n' <out | grep -q '^\[ .*"file": "warned.mr2", *"line": 6, *"column": 1, *"endColumn": 4, *"severity": "warning", *"rule": "face-without-texture", *"message": "face 4 .*", *"object": "object 1 \\"Old barn\\", gabled house" .*\]$' ||
@@ -61,6 +61,6 @@ tr -d '\n' <out | grep -q '^\[ .*"file": "warned.mr2", *"line": 6, *"column": 1,
 "$program" --format=json clean.mr2 --disable lines-after-texture 2>err | tr -d '\n' | grep -qx '\[\]' || fail "JSON of nothing"
 if [ -e /dev/full ]; then
     "$program" --list-rules >/dev/full 2>err
-    [ $? -eq 2 ] && grep -q "cannot write" err || fail "a full disk is not told: $(cat err)"
+    { [ $? -eq 2 ] && grep -q "cannot write" err; } || fail "a full disk is not told: $(cat err)"
 fi
 [ $failures -eq 0 ]
