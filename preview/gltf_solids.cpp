@@ -6,14 +6,16 @@ namespace {
 
 using Corner = std::uint8_t;
 
-void add_body(std::span<const Vec3> corners, Vec3 centre, std::span<const std::array<Corner, 3>> triangles,
-              GltfVertices &vertices, std::vector<std::uint32_t> &indices)
+void add_corner(Vec3 axis, Vec3 outwards, GltfVertices &vertices)
 {
-    const auto first = static_cast<std::uint32_t>(vertices.positions.size());
-    for (const Vec3 &corner : corners) {
-        vertices.positions.push_back(in_floats(corner));
-        vertices.normals.push_back(in_floats(unit(corner - centre)));
-    }
+    vertices.positions.push_back(in_floats(axis + outwards));
+    vertices.normals.push_back(in_floats(unit(outwards)));
+}
+
+void add_triangles(std::size_t first_vertex, std::span<const std::array<Corner, 3>> triangles,
+                   std::vector<std::uint32_t> &indices)
+{
+    const auto first = static_cast<std::uint32_t>(first_vertex);
     for (const auto &triangle : triangles)
         for (const Corner corner : triangle)
             indices.push_back(first + corner);
@@ -45,10 +47,10 @@ void add_box(Vec3 from, Vec3 to, double width, GltfVertices &vertices, std::vect
         along = {0, 0, 1};
     const Vec3 right = unit(cross(along, std::abs(along.z) < 0.9 ? Vec3{0, 0, 1} : Vec3{1, 0, 0}));
     const Vec3 across = right * (width / 2), up = cross(right, along) * (width / 2);
-    std::array<Vec3, 8> corners;
-    for (std::size_t i = 0; i < corners.size(); ++i)
-        corners[i] = (i < 4 ? from : to) + across * (i % 2 == 0 ? -1 : 1) + up * (i / 2 % 2 == 0 ? -1 : 1);
-    add_body(corners, (from + to) * 0.5, triangles, vertices, indices);
+    add_triangles(vertices.positions.size(), triangles, indices);
+    for (int i = 0; i < 8; ++i)
+        add_corner(i < 4 ? from : to, across * (i % 2 == 0 ? -1 : 1) + up * (i / 2 % 2 == 0 ? -1 : 1),
+                   vertices);
 }
 
 void add_octahedron(Vec3 centre, double width, GltfVertices &vertices, std::vector<std::uint32_t> &indices)
@@ -64,13 +66,14 @@ void add_octahedron(Vec3 centre, double width, GltfVertices &vertices, std::vect
         {0, 3, 5},
     };
     const double half = width / 2;
-    const std::array<Vec3, 6> corners{
-        centre + Vec3{half, 0,    0   },
-          centre + Vec3{0,    half, 0   },
-          centre - Vec3{half, 0,    0   },
-        centre - Vec3{0,    half, 0   },
-          centre + Vec3{0,    0,    half},
-          centre - Vec3{0,    0,    half},
-    };
-    add_body(corners, centre, triangles, vertices, indices);
+    add_triangles(vertices.positions.size(), triangles, indices);
+    for (const Vec3 &tip : {
+             Vec3{half,  0,     0    },
+             Vec3{0,     half,  0    },
+             Vec3{-half, 0,     0    },
+             Vec3{0,     -half, 0    },
+             Vec3{0,     0,     half },
+             Vec3{0,     0,     -half}
+    })
+        add_corner(centre, tip, vertices);
 }
