@@ -179,8 +179,6 @@ gltf()
     holds TOWN.GLB '"extensions":{"KHR_materials_unlit":{}}' || fail "--unlit leaves the light"
     expect 0 "" "$examples/village/village.mr2" --output=whole.glb
     holds whole.glb '"magFilter":9729,"minFilter":9987,"wrapS":10497,"wrapT":10497' || fail "no sampler"
-    holds whole.glb '"name":"Paddock top rail","mesh":1,"translation":[250,115,0],"extras":{"number":2,"kind":"fence"}' ||
-        fail "an object is not there"
     head -c 40 "$examples/village/brick.bmp" >brick.bmp
     expect 0 "brick.bmp is cut off" town.ogl --output=town.glb
     # Without room the scene that was there before stays.
@@ -189,7 +187,6 @@ gltf()
     grep -q "cannot write town.glb" err || fail "a full disk is told as $(cat err)"
     holds town.glb '"name":"barn"' || fail "the scene from before is damaged"
     [ ! -e town.glb.new ] || fail "half a scene was left"
-    expect 1 "cannot write nowhere/town.glb" town.ogl --output=nowhere/town.glb
     cp house.mr2 live.mr2
     timeout 100 "$program" live.mr2 --watch --output=live.glb 2>err &
     viewer=$!

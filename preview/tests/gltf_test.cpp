@@ -6,9 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <numeric>
 #include <sstream>
 
 namespace {
@@ -44,22 +44,6 @@ std::string wall(bool from_behind = false, int first = 0, const std::string &mor
     return text + "glEnd();\n";
 }
 
-std::string described(const GltfNode &node)
-{
-    std::ostringstream text;
-    text.precision(4);
-    text << node.number << ' ' << node.name << " at";
-    for (const double value : node.translation)
-        text << ' ' << value;
-    text << ", turned";
-    for (const double value : node.rotation)
-        text << ' ' << value;
-    text << ", scale " << node.scale;
-    if (node.mesh)
-        text << ", mesh " << *node.mesh;
-    return text.str();
-}
-
 TEST(Gltf, NodesStandWhereTheStatementsPutTheirObjects)
 {
     const std::string scale = "glScalef( 0.3048, 0.3048, 0.3048 );\n";
@@ -69,24 +53,26 @@ TEST(Gltf, NodesStandWhereTheStatementsPutTheirObjects)
     const struct {
         std::string text, node;
     } rows[] = {
-        {there + wall() + back, "7 barn at 120 -40 0, turned 0 0 -0.7071 0.7071, scale 1, mesh 0"},
-        {there + back, "7 barn at 120 -40 0, turned 0 0 -0.7071 0.7071, scale 1"},
-        {"glRotated( 30,0 ,0 , 1 ); glRotated( -30,0 ,0 , 1 );",
-         "7 barn at 0 0 0, turned 0 0 0.2588 0.9659, scale 1"},
-        {"glRotated( 180,0 ,0 , 1 );", "7 barn at 0 0 0, turned 0 0 1 0, scale 1"},
-        {"glRotated( 120, 1, 1, 1 );", "7 barn at 0 0 0, turned 0.5 0.5 0.5 0.5, scale 1"},
-        {"glPushMatrix(); glScalef( 3, 3, 3 );" + wall(), "7 barn at 0 0 0, turned 0 0 0 1, scale 1, mesh 1"},
+        {there + wall() + back,
+         R"("mesh":0,"translation":[120,-40,0],"rotation":[0,0,-0.70710677,0.70710677],)"},
+        {there + back, R"("translation":[120,-40,0],"rotation":[0,0,-0.70710677,0.70710677],)"},
+        {"glRotated( 60,0 ,0 , 1 ); glRotated( -60,0 ,0 , 1 );", R"("rotation":[0,0,0.5,0.8660254],)"},
+        {"glRotated( 180,0 ,0 , 1 );", R"("rotation":[0,0,1,0],)"},
+        {"glRotated( 120, 1, 1, 1 );", R"("rotation":[0.5,0.5,0.5,0.5],)"},
+        {"glPushMatrix(); glScalef( 3, 3, 3 );" + wall(), R"("mesh":1,)"},
     };
     // clang-format on
     for (const auto &row : rows) {
-        const Gltf gltf =
-            gltf_of(scale + begin_object(3, "shed") + wall() + begin_object(7, "barn") + row.text);
-        ASSERT_EQ(gltf.nodes.size(), 2u);
-        EXPECT_EQ(described(gltf.nodes[1]), row.node);
+        const std::string bytes =
+            bytes_of(gltf_of(scale + begin_object(3, "shed") + wall() + begin_object(7, "barn") + row.text));
+        const std::string root =
+            R"("matrix":[0.3048,0,0,0,0,0,-0.3048,0,0,0.3048,0,0,0,0,0,1],"children":[1,2])";
+        for (const std::string &part : {root, R"({"name":"barn",)" + row.node + R"("extras":{"number":7}})"})
+            EXPECT_NE(bytes.find(part), std::string::npos) << part << " in " << bytes;
     }
     // A matrix that is no placement does not become one: the points carry it.
     const Gltf odd = gltf_of(scale + "glScalef( 2, 1, 1 );\n" + begin_object(1, "wide") + wall());
-    EXPECT_EQ(described(odd.nodes[0]), "1 wide at 0 0 0, turned 0 0 0 1, scale 1, mesh 0");
+    EXPECT_EQ(odd.nodes.at(0).scale, 1);
     EXPECT_FLOAT_EQ(odd.meshes[0].vertices[1].positions[1][0], 4 * 0.6096f / static_cast<float>(odd.unit));
 }
 
@@ -141,31 +127,28 @@ TEST(Gltf, ColoursAreAmountsOfLight)
     EXPECT_NEAR(linear(128), 0.215861, 1e-6);
 }
 
-// Six times the volume inside the triangles of a mesh; it counts negative where they look inwards.
-double volume(const GltfMesh &mesh)
+// Six times the volume inside the solid lines of a block; it is negative where triangles look inwards.
+double solid_volume(const std::string &block)
 {
-    double sum = 0;
-    const auto &positions = mesh.vertices[static_cast<std::size_t>(Outfit::plain)].positions;
-    const auto corner = [&](std::uint32_t index) {
-        return Vec3{positions[index][0], positions[index][1], positions[index][2]};
+    const GltfMesh mesh = gltf_of("glBegin( " + block + " ); glEnd();", {false, true}).meshes.at(0);
+    const auto corner = [&](std::size_t i) {
+        const auto &[x, y, z] =
+            mesh.vertices[static_cast<std::size_t>(Outfit::plain)].positions[mesh.parts[0].indices[i]];
+        return Vec3{x, y, z};
     };
-    const auto &indices = mesh.parts.at(0).indices;
-    for (std::size_t i = 0; i < indices.size(); i += 3)
-        sum += dot(corner(indices[i]), cross(corner(indices[i + 1]), corner(indices[i + 2])));
+    double sum = 0;
+    for (std::size_t i = 0; i < mesh.parts[0].indices.size(); i += 3)
+        sum += dot(corner(i), cross(corner(i + 1), corner(i + 2)));
     return sum;
 }
 
 TEST(Gltf, SolidLinesAreClosedBodies)
 {
-    const GltfStyle solid{false, true};
-    for (const char *end : {"9, 0, 0", "0, 9, 0", "0, 0, -9"}) {
-        const std::string text =
-            "glBegin( GL_LINES ); glVertex3d( 0, 0, 0 ); glVertex3d( " + std::string(end) + " ); glEnd();";
-        EXPECT_NEAR(volume(gltf_of(text, solid).meshes.at(0)), 6 * 9 * line_width * line_width, 1e-4) << end;
-        EXPECT_EQ(gltf_of(text).meshes.at(0).parts.at(0).primitive, Primitive::lines);
-    }
-    const Gltf light = gltf_of("glBegin( GL_POINTS ); glVertex3d( 1, 2, 3 ); glEnd();", solid);
-    EXPECT_NEAR(volume(light.meshes.at(0)), point_width * point_width * point_width, 1e-4);
+    for (const char *end : {"9, 0, 0", "0, 9, 0", "0, 0, -9"})
+        EXPECT_NEAR(solid_volume("GL_LINES ); glVertex3d( 0, 0, 0 ); glVertex3d( " + std::string(end)),
+                    6 * 9 * line_width * line_width, 1e-4);
+    EXPECT_NEAR(solid_volume("GL_POINTS ); glVertex3d( 1, 2, 3"), point_width * point_width * point_width,
+                1e-4);
 }
 
 TEST(Glb, TextsAreUtf8WhateverTheirBytes)
@@ -174,12 +157,12 @@ TEST(Glb, TextsAreUtf8WhateverTheirBytes)
     const struct {
         std::string name, written;
     } rows[] = {
-        {"caf\xc3\xa9",    "caf\xc3\xa9"                   },
-        {                                     "caf\xe9",   "caf\xc3\xa9"                                },
-        {                        "\xc0\x80\xff",                "\xc3\x80\xc2\x80\xc3\xbf"                                  },
-        {           "\xed\xa0\x80", "\xc3\xad\xc2\xa0\xc2\x80"},
-        {                        R"(a "quote" \)",              R"(a \"quote\" \\)"             },
-        { std::string("\0\t\x7f",                 3),                                                  "\\u0000\\t\x7f"},
+        {"caf\xc3\xa9", "caf\xc3\xa9"},
+        {"caf\xe9", "caf\xc3\xa9"},
+        {"\xc0\x80\xff", "\xc3\x80\xc2\x80\xc3\xbf"},
+        {"\xed\xa0\x80", "\xc3\xad\xc2\xa0\xc2\x80"},
+        {R"(a "quote" \)", R"(a \"quote\" \\)"},
+        {std::string("\0\t\x7f", 3), "\\u0000\\t\x7f"},
     };
     // clang-format on
     for (const auto &[name, written] : rows) {
@@ -229,27 +212,44 @@ int wrong_normals(const GltfMesh &mesh)
     return wrong;
 }
 
-TEST(Gltf, BoundsAndNormalsOfManyScenesAreRight)
+// Those of the manual and random ones, as their output files.
+std::map<std::string, std::string> many_scenes()
 {
+    std::map<std::string, std::string> scenes = marlogl::check::manual_scenes();
     const marlogl::check::SceneGenerator generator;
     for (unsigned seed = 1; seed <= 50; ++seed) {
+        const auto [name, scene] = generator.scene(seed);
+        scenes["random" + std::to_string(seed) + name] = scene;
+    }
+    for (auto &[name, scene] : scenes) {
         marlogl::MemoryFiles files;
-        marlogl::Configuration configuration;
-        std::tie(configuration.design, files.files["scene"]) = generator.scene(seed);
-        files.files[configuration.design] = files.files["scene"];
+        files.files[name] = scene;
         files.files["appl/colors.tab"] = marlogl::check::read_whole("examples/village/appl/colors.tab");
+        marlogl::Configuration configuration;
+        configuration.design = name;
         configuration.output = "scene.out";
         marlogl::convert(files, configuration);
-        Loaded loaded;
-        loaded.scene = read_scene(files.files["scene.out"], loaded.problems);
-        loaded.textures.of_name.assign(loaded.scene.textures.size(), 0);
-        const Gltf gltf = make_gltf(loaded, {});
+        scene = files.files["scene.out"];
+    }
+    return scenes;
+}
+
+// Leaves the scenes for the validator when it is told a folder.
+TEST(Gltf, BoundsAndNormalsOfManyScenesAreRight)
+{
+    const char *const folder = std::getenv("MARLOGL_GLB_FOLDER");
+    for (const auto &[name, text] : many_scenes()) {
+        Problems problems;
+        const Scene scene = read_scene(text, problems);
+        const Gltf gltf = gltf_of(text);
         const auto [lowest, highest] = bounds_of(gltf);
-        const double most = metres_apart + 1e-6 * length(loaded.scene.highest - loaded.scene.lowest);
-        for (const Vec3 &off : {lowest - loaded.scene.lowest, highest - loaded.scene.highest})
-            EXPECT_LE(std::max({std::abs(off.x), std::abs(off.y), std::abs(off.z)}), most) << seed;
+        const double most = metres_apart + 1e-6 * length(scene.highest - scene.lowest);
+        for (const Vec3 &off : {lowest - scene.lowest, highest - scene.highest})
+            EXPECT_LE(std::max({std::abs(off.x), std::abs(off.y), std::abs(off.z)}), most) << name;
         for (const GltfMesh &mesh : gltf.meshes)
-            EXPECT_EQ(wrong_normals(mesh), 0) << seed;
+            EXPECT_EQ(wrong_normals(mesh), 0) << name;
+        if (folder != nullptr)
+            std::ofstream(folder + ('/' + name) + ".glb", std::ios::binary) << bytes_of(gltf);
     }
 }
 

@@ -1,10 +1,10 @@
 #!/bin/sh
-# The validator finds nothing wrong in what marlogl-preview writes of the examples, the scenes of the manual and random
-# ones: sh validator_test.sh PROGRAM WRITE_SCENES PROJECT MODULES. Ends with 77 where node or the validator is missing;
-# the latter is installed in the folder MODULES.
+# The validator finds nothing wrong in what marlogl-preview writes of the examples, and in what the test program writes of
+# the scenes of the manual and random ones: sh validator_test.sh PROGRAM TEST_PROGRAM PROJECT MODULES. Ends with 77 where
+# node or the validator is missing; the latter is installed in the folder MODULES.
 
 program=$1
-write_scenes=$2
+test_program=$2
 project=$3
 validator=$4/node_modules/gltf-validator
 if ! command -v node >/dev/null || ! command -v npm >/dev/null; then
@@ -16,22 +16,12 @@ fi
 
 work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
-cp -R "$project/examples/village/appl" "$work"
-(cd "$project" && "$write_scenes" "$work") || exit 1
+(cd "$project" && MARLOGL_GLB_FOLDER=$work "$test_program" --gtest_filter='*ManyScenes*' >/dev/null) || exit 1
 cd "$work" || exit 1
-failures=0
-write()
-{
-    "$program" "$@" 2>err || { echo "FAILED: $*: $(cat err)"; failures=$((failures + 1)); }
-}
-for scene in *.mr2 *.mrl; do
-    write "$scene" --output="$scene.glb" --texture-dir="$project/examples/village" --texture-dir="$project/docs"
-done
 for scene in "$project"/examples/*/*.mr[2l]; do
     name=$(basename "$scene")
-    write "$scene" --output="$name.glb"
-    write "$scene" --output="$name.solid.glb" --solid-lines --unlit
+    "$program" "$scene" --output="$name.glb" && "$program" "$scene" --output="$name.solid.glb" --solid-lines --unlit || exit 1
 done
 printf 'glBegin( GL_POLYGON );\nglEnd();\n' >empty.ogl
-write empty.ogl --output=empty.glb
-node "$project/preview/tests/validate.js" "$validator" ./*.glb && [ $failures -eq 0 ]
+"$program" empty.ogl --output=empty.glb 2>err
+node "$project/preview/tests/validate.js" "$validator" ./*.glb
