@@ -16,14 +16,6 @@ static_assert(std::endian::native == std::endian::little, "numbers are written a
 // Keys stay in their order, and numbers are no longer than floats need.
 using Json = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool, std::int64_t,
                                   std::uint64_t, float>;
-using Bytes = std::vector<std::uint8_t>;
-
-constexpr std::size_t alignment = 4;
-
-std::size_t aligned(std::size_t size)
-{
-    return (size + alignment - 1) / alignment * alignment;
-}
 
 std::string in_utf8(const std::string &text)
 {
@@ -40,28 +32,6 @@ std::string in_utf8(const std::string &text)
         }
         return letters;
     }
-}
-
-// A part of the buffer, which glTF calls a view. Its pieces must live on.
-struct View {
-    unsigned target = 0;    // the use of the numbers, as OpenGL numbers it; 0: it is no numbers
-    std::size_t stride = 0; // the bytes of a vertex, or of an index
-    std::size_t size = 0;
-    std::vector<std::span<const std::uint8_t>> pieces = {};
-
-    // Returns where the piece begins.
-    std::size_t add(std::span<const std::uint8_t> piece)
-    {
-        pieces.push_back(piece);
-        return std::exchange(size, size + piece.size());
-    }
-};
-
-constexpr unsigned for_vertices = 34962, for_indices = 34963;
-
-template <class Numbers> std::span<const std::uint8_t> bytes_of(const Numbers &numbers)
-{
-    return {reinterpret_cast<const std::uint8_t *>(numbers.data()), numbers.size() * sizeof(numbers[0])};
 }
 
 // Whole numbers are shorter without a point.
@@ -122,12 +92,7 @@ class Writer {
         if (buffer_size_ == 0)
             return;
         put({buffer_size_, binary_chunk});
-        constexpr std::array<std::uint8_t, alignment> zeros{};
-        for (const View &view : views_) {
-            for (const auto &piece : view.pieces)
-                take(piece);
-            take(std::span(zeros).first(aligned(view.size) - view.size));
-        }
+        buffer_.write(take);
     }
 
   private:
@@ -189,7 +154,8 @@ class Writer {
     template <class Values> std::size_t add_vertices(const Values &values, const char *type)
     {
         constexpr unsigned floats = 5126;
-        return add_accessor({for_vertices, sizeof(values[0])}, bytes_of(values), floats, values.size(), type);
+        const auto place = buffer_.add_numbers(GlbUse::vertices, sizeof(values[0]), bytes_of(values));
+        return add_accessor(place, floats, values.size(), type);
     }
 
     void add_bounds(const std::vector<std::array<float, 3>> &positions)
@@ -208,23 +174,20 @@ class Writer {
     {
         constexpr unsigned shorts = 5123, integers = 5125;
         constexpr std::size_t most_short = 0xffff; // vertices; the number 0xffff itself means something else
+        const auto add = [&](const auto &numbers, unsigned component) {
+            const auto place = buffer_.add_numbers(GlbUse::indices, sizeof(numbers[0]), bytes_of(numbers));
+            return add_accessor(place, component, numbers.size(), "SCALAR");
+        };
         if (vertices > most_short)
-            return add_accessor({for_indices, 4}, bytes_of(indices), integers, indices.size(), "SCALAR");
-        const auto &narrow = short_indices_.emplace_back(indices.begin(), indices.end());
-        return add_accessor({for_indices, 2}, bytes_of(narrow), shorts, narrow.size(), "SCALAR");
+            return add(indices, integers);
+        return add(short_indices_.emplace_back(indices.begin(), indices.end()), shorts);
     }
 
-    std::size_t add_accessor(const View &like, std::span<const std::uint8_t> bytes, unsigned component,
-                             std::size_t count, const char *type)
+    std::size_t add_accessor(GlbBuffer::Place place, unsigned component, std::size_t count, const char *type)
     {
-        auto view = std::find_if(views_.begin(), views_.end(), [&](const View &known) {
-            return known.target == like.target && known.stride == like.stride;
-        });
-        if (view == views_.end())
-            view = views_.insert(views_.end(), like);
         Json &accessor = json_["accessors"].emplace_back();
-        accessor["bufferView"] = view - views_.begin();
-        accessor["byteOffset"] = view->add(bytes);
+        accessor["bufferView"] = place.view;
+        accessor["byteOffset"] = place.offset;
         accessor["componentType"] = component;
         accessor["count"] = count;
         accessor["type"] = type;
@@ -266,21 +229,20 @@ class Writer {
         if (!image.name.empty())
             entry["name"] = in_utf8(image.name);
         entry["mimeType"] = "image/png";
-        entry["bufferView"] = views_.size();
-        views_.emplace_back().add(image.png);
+        entry["bufferView"] = buffer_.add_picture(image.png);
     }
 
     void add_views()
     {
-        for (const View &view : views_) {
+        for (const GlbView &view : buffer_.views()) {
             Json &entry = json_["bufferViews"].emplace_back();
             entry["buffer"] = 0;
             entry["byteOffset"] = buffer_size_;
             entry["byteLength"] = view.size;
-            if (view.target == for_vertices)
+            if (view.use == GlbUse::vertices)
                 entry["byteStride"] = view.stride;
-            if (view.target != 0)
-                entry["target"] = view.target;
+            if (view.use != GlbUse::picture)
+                entry["target"] = view.use;
             buffer_size_ += aligned(view.size);
         }
         if (buffer_size_ > 0)
@@ -289,7 +251,7 @@ class Writer {
 
     const Gltf &gltf_;
     Json json_;
-    std::vector<View> views_;
+    GlbBuffer buffer_;
     std::list<std::vector<std::uint16_t>> short_indices_;
     std::size_t buffer_size_ = 0;
 };
