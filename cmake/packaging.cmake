@@ -27,7 +27,7 @@ endif()
 install(DIRECTORY docs DESTINATION ${documents} COMPONENT converter)
 # The conversions that somebody made of the examples stay where they are.
 install(DIRECTORY examples DESTINATION ${documents} COMPONENT converter
-    PATTERN *.ogl EXCLUDE PATTERN *.png EXCLUDE PATTERN tempofil.* EXCLUDE PATTERN *.py EXCLUDE)
+    PATTERN *.ogl EXCLUDE PATTERN *.png EXCLUDE PATTERN *.glb EXCLUDE PATTERN tempofil.* EXCLUDE PATTERN *.py EXCLUDE)
 
 set(CPACK_COMPONENTS_ALL converter)
 if(NOT WIN32)

@@ -1,7 +1,8 @@
 #include "edges.h"
 
+#include "places.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -14,28 +15,6 @@ struct Side {
     std::uint32_t face;
     Vec3 inward; // from the edge into the face, of length 1
 };
-
-// Numbers the places of the vertices. Two objects that touch may round the same point differently.
-std::vector<std::uint32_t> number_places(const Scene &scene)
-{
-    const double grain =
-        std::max(length(scene.highest - scene.lowest) * 1e-7, std::numeric_limits<double>::min());
-    std::vector<std::array<double, 3>> cells;
-    for (const Vertex &vertex : scene.vertices) {
-        const Vec3 p = (vertex.position - scene.lowest) * (1 / grain);
-        cells.push_back({std::round(p.x), std::round(p.y), std::round(p.z)});
-    }
-    std::vector<std::uint32_t> order(cells.size()), numbers(cells.size());
-    for (std::uint32_t i = 0; i < order.size(); ++i)
-        order[i] = i;
-    std::sort(order.begin(), order.end(), [&](auto a, auto b) { return cells[a] < cells[b]; });
-    std::uint32_t number = 0;
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        number += cells[order[i]] != cells[order[i - 1]];
-        numbers[order[i]] = number;
-    }
-    return numbers;
-}
 
 void add_sides(const Scene &scene, const std::vector<std::uint32_t> &places, const std::vector<Vec3> &normals,
                std::uint32_t number, std::vector<Side> &sides)

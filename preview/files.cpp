@@ -83,7 +83,7 @@ OutputFile::OutputFile(std::string path, std::string written_at)
         fail();
 }
 
-void OutputFile::write(const std::vector<std::uint8_t> &bytes)
+void OutputFile::write(std::span<const std::uint8_t> bytes)
 {
     if (std::fwrite(bytes.data(), 1, bytes.size(), file ? file.get() : stdout) != bytes.size())
         fail();

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -38,7 +39,7 @@ class OutputFile {
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
-    void write(const std::vector<std::uint8_t> &bytes);
+    void write(std::span<const std::uint8_t> bytes);
     void close();
 
   private:

@@ -1,6 +1,7 @@
 // Points, directions and placements in space, in double.
 #pragma once
 
+#include <array>
 #include <cmath>
 
 struct Vec3 {
@@ -38,6 +39,11 @@ inline Vec3 unit(Vec3 a)
 {
     const double size = length(a);
     return size > 0 && std::isfinite(size) ? a * (1 / size) : Vec3{};
+}
+
+inline std::array<float, 3> in_floats(Vec3 v)
+{
+    return {static_cast<float>(v.x), static_cast<float>(v.y), static_cast<float>(v.z)};
 }
 
 inline double radians(double degrees)

@@ -1,4 +1,5 @@
 #include "files.h"
+#include "glb_file.h"
 #include "options.h"
 #include "picture.h"
 #include "png_file.h"
@@ -13,6 +14,11 @@
 
 namespace {
 
+std::ostream &report_stream(const Options &options)
+{
+    return options.output == "-" ? std::cerr : std::cout;
+}
+
 // Loads what is asked for, and tells what is wrong with it.
 Loaded load_and_report(const Options &options, FilesRead &files_read)
 {
@@ -21,7 +27,7 @@ Loaded load_and_report(const Options &options, FilesRead &files_read)
         refuse_overwriting(options.output, files_read.names());
     write_warnings(std::cerr, loaded);
     if (options.verbose) {
-        write_report(options.output == "-" ? std::cerr : std::cout, loaded);
+        write_report(report_stream(options), loaded);
         flush_standard_output();
     }
     return loaded;
@@ -40,10 +46,25 @@ void write_picture(const Options &options, const Loaded &loaded, OutputFile file
     file.close();
 }
 
-// Writes a picture at each change, for ever.
-[[noreturn]] void write_pictures(const Options &options, Loaded loaded, FilesRead files_read)
+void write_gltf(const Options &options, const Loaded &loaded, OutputFile file)
 {
-    write_picture(options, loaded, OutputFile::replacing(options.output));
+    const Gltf gltf = make_gltf(loaded, {!options.appearance.lit, options.solid_lines});
+    write_glb(gltf, [&](std::span<const std::uint8_t> bytes) { file.write(bytes); });
+    file.close();
+    if (options.verbose)
+        write_report(std::cout, gltf);
+}
+
+// Nobody ever sees half a file of these.
+void replace_output(const Options &options, const Loaded &loaded)
+{
+    (options.gltf ? write_gltf : write_picture)(options, loaded, OutputFile::replacing(options.output));
+}
+
+// Writes the output at each change, for ever.
+[[noreturn]] void follow(const Options &options, Loaded loaded, FilesRead files_read)
+{
+    replace_output(options, loaded);
     Watcher watcher;
     for (watcher.watch(std::move(files_read));;) {
         std::this_thread::sleep_for(std::chrono::duration<double>(Watcher::seconds_between_looks));
@@ -53,7 +74,7 @@ void write_picture(const Options &options, const Loaded &loaded, OutputFile file
         try {
             loaded = load_and_report(options, read_again);
             require_whole(loaded);
-            write_picture(options, loaded, OutputFile::replacing(options.output));
+            replace_output(options, loaded);
         } catch (const std::exception &error) {
             std::cerr << "marlogl-preview: " << error.what() << '\n';
         }
@@ -70,7 +91,9 @@ void run(const Options &options)
     if (options.output.empty())
         show_window(options, std::move(loaded), std::move(files_read));
     else if (options.watch)
-        write_pictures(options, std::move(loaded), std::move(files_read));
+        follow(options, std::move(loaded), std::move(files_read));
+    else if (options.gltf)
+        replace_output(options, loaded);
     else
         write_picture(options, loaded, OutputFile(options.output));
 }

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <iostream>
 
@@ -42,6 +43,27 @@ void add_numbers(CLI::App &app, const char *option, const char *help, Range<Numb
     app.add_option_function<std::string>(option, store, help)->type_name(range.shape);
 }
 
+bool ends_in(const std::string &path, std::string_view ending)
+{
+    return path.size() > ending.size() &&
+           std::equal(ending.rbegin(), ending.rend(), path.rbegin(), [](char letter, char c) {
+               return c == letter || (c >= 'A' && c <= 'Z' && c - 'A' + 'a' == letter);
+           });
+}
+
+// What is wrong with the options together; empty when all is well.
+std::string contradiction(const Options &options, bool no_render)
+{
+    const std::string &output = options.output;
+    if (!output.empty() && output != "-" && !ends_in(output, ".png") && !options.gltf)
+        return "--output: '" + output + "' ends in neither .png nor .glb";
+    if (options.solid_lines && !options.gltf)
+        return "--solid-lines needs an --output that ends in .glb";
+    if (options.watch && (no_render || output == "-"))
+        return "--watch needs a window or an --output in a file";
+    return {};
+}
+
 } // namespace
 
 std::optional<Options> parse_options(int argc, const char *const *argv, int &exit_status)
@@ -55,7 +77,8 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     for (const NamedView &each : named_views)
         view_names.emplace_back(each.name);
 
-    CLI::App app("Shows a design file or an output file of MarlOgl: in a window, or as a picture.",
+    CLI::App app("Shows a design file or an output file of MarlOgl: in a window, as a picture, or to other "
+                 "programs.",
                  "marlogl-preview");
     app.footer(std::string("In the window:\n") + keys_help +
                "\n\nExit status: 0 done, 1 failed, 2 wrong usage.");
@@ -64,7 +87,8 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
                    "Design file (.mr2, .mrl), MarlOgl.dat, or output file of up to 64 MB")
         ->required()
         ->type_name("FILE");
-    app.add_option("--output", options.output, "Write a PNG picture and end; - is standard output")
+    app.add_option("--output", options.output,
+                   "Write a PNG picture (.png; - is standard output) or the scene as glTF (.glb) and end")
         ->type_name("FILE");
     add_numbers(app, "--resolution", "Size of the picture or window [1000,600]", {"W,H", 1, 8192},
                 options.resolution);
@@ -93,6 +117,7 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
     bool no_edges = false;
     app.add_flag("--no-edges", no_edges, "No dark lines along the edges of faces");
     app.add_flag("--unlit", unlit, "Colours as they are in the file, without light");
+    app.add_flag("--solid-lines", options.solid_lines, "In a .glb: lines and points as thin bodies");
     app.add_option("--texture-dir", options.texture_folders,
                    "One more folder with textures (BMP); repeatable")
         ->type_name("DIR")
@@ -113,8 +138,9 @@ std::optional<Options> parse_options(int argc, const char *const *argv, int &exi
         return {};
     }
 
-    if (options.watch && (no_render || options.output == "-")) {
-        std::cerr << "marlogl-preview: --watch needs a window or a picture in a file (see --help)\n";
+    options.gltf = ends_in(options.output, ".glb");
+    if (const std::string wrong = contradiction(options, no_render); !wrong.empty()) {
+        std::cerr << "marlogl-preview: " << wrong << " (see --help)\n";
         exit_status = 2;
         return {};
     }

@@ -10,7 +10,9 @@
 
 struct Options {
     std::string input;
-    std::string output; // empty: a window; "-": standard output
+    std::string output;       // empty: a window; "-": standard output
+    bool gltf = false;        // the output is no picture but the scene itself
+    bool solid_lines = false; // in that scene
     std::array<int, 2> resolution{1000, 600};
     FirstLook look;
     Appearance appearance;

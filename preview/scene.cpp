@@ -16,11 +16,6 @@ bool is_usable(Vec3 point)
     return fits(point.x) && fits(point.y) && fits(point.z);
 }
 
-std::array<float, 3> in_floats(Vec3 v)
-{
-    return {static_cast<float>(v.x), static_cast<float>(v.y), static_cast<float>(v.z)};
-}
-
 Vec3 in_doubles(const std::array<float, 3> &v)
 {
     return {v[0], v[1], v[2]};
@@ -60,6 +55,7 @@ class Builder {
             line = statement.line;
             follow_footer(statement);
             play(statement);
+            follow_placement(statement.operation);
         });
         if (in_block) {
             problems.add(line, "glEnd is missing at the end of the file");
@@ -85,6 +81,20 @@ class Builder {
                              (footer_lines == 2 && is(Operation::load_identity, Symbol::other)) ||
                              (footer_lines == 3 && is(Operation::matrix_mode, Symbol::modelview));
         footer_lines = goes_on ? footer_lines + 1 : statement.operation == Operation::pop_matrix;
+    }
+
+    // Behind its name, an object is moved at most once and then turned at most once. All that comes later
+    // belongs to what is drawn, or takes the placement back. Before the first object there is but the scale.
+    void follow_placement(Operation operation)
+    {
+        const bool goes_on = operation == Operation::object ||
+                             (operation == Operation::scale && scene.objects.size() == 1) ||
+                             (operation == Operation::translate && placed_by == Operation::object) ||
+                             (operation == Operation::rotate &&
+                              (placed_by == Operation::object || placed_by == Operation::translate));
+        placed_by = goes_on ? operation : Operation::end;
+        if (goes_on)
+            scene.objects.back().placement = current;
     }
 
     void play(const Statement &statement)
@@ -162,7 +172,7 @@ class Builder {
     void begin_object(int number, std::string name)
     {
         scene.objects.back().end_vertex = scene.vertices.size();
-        scene.objects.push_back({number, std::move(name), line, scene.vertices.size(), 0});
+        scene.objects.push_back({number, std::move(name), line, scene.vertices.size(), 0, current});
     }
 
     void multiply(const Placement &by)
@@ -329,6 +339,7 @@ class Builder {
     std::string_view bound_texture;
     std::size_t first = 0; // vertex of the block
     Primitive primitive = Primitive::triangles;
+    Operation placed_by = Operation::end; // the last statement of an object's placement, while it may go on
     std::uint32_t line = 0;
     std::uint32_t bound_texture_line = 0; // 0: no texture is bound
     int footer_lines = 0;

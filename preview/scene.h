@@ -43,6 +43,7 @@ struct SceneObject {
     std::string name;
     std::uint32_t line = 0;                       // where it is announced
     std::size_t first_vertex = 0, end_vertex = 0; // a range of Scene::vertices
+    Placement placement = {};                     // from the object's own coordinates into those of the scene
 };
 
 // A texture as the output file names it, in the bytes of the file.

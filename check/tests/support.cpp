@@ -5,29 +5,9 @@
 #include "run/configuration.h"
 #include "run/convert.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 namespace marlogl::check {
-
-std::string read_whole(const std::string &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw std::runtime_error("cannot read " + path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::vector<std::string> design_files(const std::string &folder)
-{
-    std::vector<std::string> paths;
-    for (const auto &entry : std::filesystem::directory_iterator(folder))
-        if (design_version(entry.path().string()) != 0)
-            paths.push_back(entry.path().string());
-    return paths;
-}
 
 Files usual_files()
 {

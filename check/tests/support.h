@@ -3,22 +3,16 @@
 
 #include "checker.h"
 #include "host/memory_files.h"
+#include "scenes.h"
 
 #include <map>
 #include <optional>
-#include <random>
 #include <string>
 #include <vector>
 
 namespace marlogl::check {
 
 using Files = std::map<std::string, std::string>;
-
-/// The content of a file on the disk.
-std::string read_whole(const std::string &path);
-
-/// The names of design files below a folder on the disk.
-std::vector<std::string> design_files(const std::string &folder);
 
 /// Bitmaps, a colour table and a run configuration, beside which a design file can stand.
 Files usual_files();
@@ -32,13 +26,5 @@ std::string told(const std::string &name, const std::string &design, Severity le
 
 /// What stops the conversion of a design file; empty when it is done.
 std::string conversion_fault(const std::string &name, const std::string &design);
-
-/// Random numbers that are the same on every system.
-struct Random {
-    std::mt19937 engine;
-
-    int below(int most) { return static_cast<int>(engine() % static_cast<unsigned>(most)); }
-    int from_to(int low, int high) { return low + below(high - low + 1); }
-};
 
 } // namespace marlogl::check

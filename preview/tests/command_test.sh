@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs marlogl-preview as a user does: sh command_test.sh usage|picture|watch|window PROGRAM CONVERTER EXAMPLES
+# Runs marlogl-preview as a user does: sh command_test.sh usage|gltf|picture|watch|window PROGRAM CONVERTER EXAMPLES
 # Ends with 77 when this machine has no OpenGL driver or no virtual display.
 
 part=$1
@@ -117,12 +117,17 @@ usage()
     expect 0 "" whole.ogl --no-render
     grep -q "last four" err && fail "a whole file is told to be cut"
     cp town.ogl brick.bmp
-    ln town.ogl hard.ogl
-    ln -s town.ogl soft.ogl
-    for same in town.ogl ././town.ogl hard.ogl soft.ogl brick.bmp; do
+    ln town.ogl hard.png
+    ln -s town.ogl soft.glb
+    ln -s brick.bmp BRICK.PNG
+    for same in hard.png ././hard.png soft.glb BRICK.PNG; do
         expect 1 "would overwrite" town.ogl --output=$same
         cmp -s town.ogl brick.bmp || fail "$same was overwritten"
     done
+    for ending in town.ogl png .glb town.glb.new; do
+        expect 2 "'$ending' ends in neither .png nor .glb" town.ogl --output=$ending
+    done
+    expect 2 "--solid-lines needs an --output that ends in .glb" town.ogl --solid-lines --output=town.png
     if [ -e /dev/full ]; then
         for options in "town.ogl --no-render --verbose" --help --version; do
             "$program" $options >/dev/full 2>err
@@ -154,7 +159,41 @@ picture()
         ls $example | cmp - names || fail "a file was left behind"
     done
     expect 1 "cannot write nowhere/town.png" town.ogl --output=nowhere/town.png
-    [ ! -e /dev/full ] || expect 1 "cannot write /dev/full" town.ogl --output=/dev/full
+    ln -s /dev/full full.png
+    [ ! -e /dev/full ] || expect 1 "cannot write full.png" town.ogl --output=full.png
+}
+
+# holds FILE TEXT: whether the file holds it, and is as long as it says.
+holds()
+{
+    grep -qaF -e "$2" "$1" && [ "$(od -An -tu4 -j8 -N4 "$1")" -eq "$(wc -c <"$1")" ]
+}
+
+gltf()
+{
+    expect 0 'town.ogl:4: texture "brick.bmp" is missing' town.ogl --output=town.glb
+    holds town.glb '"baseColorFactor":[1,1,1,1],"metallicFactor":0,"roughnessFactor":1},"doubleSided":true' ||
+        fail "a missing texture is not white"
+    grep -qa -e image/png -e KHR_materials_unlit town.glb && fail "there are textures or there is no light"
+    expect 0 "triangles               1" town.ogl --output=TOWN.GLB --unlit --verbose
+    holds TOWN.GLB '"extensions":{"KHR_materials_unlit":{}}' || fail "--unlit leaves the light"
+    expect 0 "" "$examples/village/village.mr2" --output=whole.glb
+    holds whole.glb '"magFilter":9729,"minFilter":9987,"wrapS":10497,"wrapT":10497' || fail "no sampler"
+    head -c 40 "$examples/village/brick.bmp" >brick.bmp
+    expect 0 "brick.bmp is cut off" town.ogl --output=town.glb
+    # Without room the scene that was there before stays.
+    (trap '' XFSZ && ulimit -f 1 && "$program" "$examples/village/village.mr2" --output=town.glb 2>err) &&
+        fail "a full disk is not told"
+    grep -q "cannot write town.glb" err || fail "a full disk is told as $(cat err)"
+    holds town.glb '"name":"barn"' || fail "the scene from before is damaged"
+    [ ! -e town.glb.new ] || fail "half a scene was left"
+    cp house.mr2 live.mr2
+    timeout 100 "$program" live.mr2 --watch --output=live.glb 2>err &
+    viewer=$!
+    until_it test -e live.glb || fail "no scene: $(cat err)"
+    sed -i 's/^Bhouse/Bcottage/' live.mr2
+    until_it holds live.glb '"name":"cottage"' || fail "no new scene"
+    kill $viewer
 }
 
 # Each change of the design file makes a new picture, and a fault leaves the last one.
