@@ -2,6 +2,7 @@
 
 #include "gl.h"
 #include "light.h"
+#include "other_sides.h"
 
 #include <algorithm>
 
@@ -257,6 +258,10 @@ void Drawing::draw_ground(const std::vector<bool> &towards, bool lit) const
 void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
 {
     std::vector<std::uint32_t> corners;
+    const auto is_covered = [&](std::uint32_t face) { // by its other side
+        const std::uint32_t other = mesh.other_sides[face];
+        return !towards[face] && other != no_face && towards[other];
+    };
     // What is meant for the viewer first: it hides much of the rest, which then costs nothing.
     for (const Light side : {Light::counter_clockwise, Light::clockwise}) {
         use_colours(lit ? side : Light::none);
@@ -264,7 +269,8 @@ void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
         for (const auto &[texture, first, end] : mesh.batches) {
             corners.clear();
             for (std::size_t i = first; i < end; ++i)
-                if (towards[mesh.order[i]] == (side == Light::counter_clockwise))
+                if (towards[mesh.order[i]] == (side == Light::counter_clockwise) &&
+                    !is_covered(mesh.order[i]))
                     append(corners, scene, scene.faces[mesh.order[i]]);
             use_texture(texture);
             draw_elements(GL_TRIANGLES, corners);
