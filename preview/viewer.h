@@ -41,6 +41,7 @@ class Viewer {
   private:
     double aspect() const { return static_cast<double>(width) / height; }
     void draw_scene(bool smoothly);
+    void draw_in_motion();
     void go_to(const NamedView &view);
 
     Options options;
@@ -52,5 +53,6 @@ class Viewer {
     std::string message, note; // of a fault, and of what was just done
     std::string shown_title;
     std::optional<Hit> selected;
+    bool hurries = false; // while the scene moves
     bool shows_grid = false, shows_axes = false, shows_names = false, shows_help = false;
 };
