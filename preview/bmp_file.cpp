@@ -79,20 +79,42 @@ class BmpFile {
 
     BmpSize size() const { return {width, height}; }
 
-    Bitmap pixels() const
+    // Strip by strip, so that no more is held than what is left of a picture that is halved.
+    Bitmap pixels(int largest) const
     {
-        const std::size_t columns = static_cast<std::size_t>(width), rows = static_cast<std::size_t>(height);
-        Bitmap bitmap{width, height, std::vector<std::uint8_t>(columns * rows * 3)};
-        for (std::size_t row = 0; row < rows; ++row) {
-            const std::string line = bytes_at(pixels_at + row * stride(), row_size());
-            std::uint8_t *to = bitmap.rgb.data() + (top_down ? rows - 1 - row : row) * columns * 3;
-            for (std::size_t x = 0; x < columns; ++x, to += 3)
-                std::copy_n(pixel(line, x).data(), 3, to);
+        int times = 0;
+        while (std::max(width, height) >> times > largest)
+            ++times;
+        const int strip = std::min(1 << times, height);
+        Bitmap bitmap{std::max(width >> times, 1), 0, {}};
+        bitmap.rgb.reserve(static_cast<std::size_t>(bitmap.width) *
+                           static_cast<std::size_t>(std::max(height >> times, 1)) * 3);
+        for (int bottom = 0; bottom + strip <= height; bottom += strip) {
+            Bitmap rows = rows_from(bottom, strip);
+            for (int i = 0; i < times; ++i)
+                rows = halved(rows);
+            bitmap.rgb.insert(bitmap.rgb.end(), rows.rgb.begin(), rows.rgb.end());
+            bitmap.height += rows.height;
         }
         return bitmap;
     }
 
   private:
+    // So many rows of the picture, counted from its lower edge.
+    Bitmap rows_from(int bottom, int count) const
+    {
+        const auto columns = static_cast<std::size_t>(width);
+        Bitmap rows{width, count, std::vector<std::uint8_t>(columns * static_cast<std::size_t>(count) * 3)};
+        std::uint8_t *to = rows.rgb.data();
+        for (int row = bottom; row < bottom + count; ++row) {
+            const auto in_file = static_cast<std::size_t>(top_down ? height - 1 - row : row);
+            const std::string line = bytes_at(pixels_at + in_file * stride(), row_size());
+            for (std::size_t x = 0; x < columns; ++x, to += 3)
+                std::copy_n(pixel(line, x).data(), 3, to);
+        }
+        return rows;
+    }
+
     void read_header(const std::string &start)
     {
         pixels_at = little_endian(start, 10, 4);
@@ -223,8 +245,5 @@ BmpSize size_of_bmp(const std::filesystem::path &file)
 
 Bitmap read_bmp(const std::filesystem::path &file, int largest)
 {
-    Bitmap bitmap = with_name_in_faults(file, [](const BmpFile &bmp) { return bmp.pixels(); });
-    while (std::max(bitmap.width, bitmap.height) > largest)
-        bitmap = halved(bitmap);
-    return bitmap;
+    return with_name_in_faults(file, [&](const BmpFile &bmp) { return bmp.pixels(largest); });
 }

@@ -41,15 +41,15 @@ unsigned upload_texture(const Bitmap &bitmap, const Filter &filter)
     glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
     int largest = 0;
     glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
-    Bitmap level = bitmap;
-    while (std::max(level.width, level.height) > largest)
-        level = halved(level);
-    for (int number = 0;; ++number) {
-        glTexImage2D(GL_TEXTURE_2D, number, GL_RGB, level.width, level.height, 0, GL_RGB, GL_UNSIGNED_BYTE,
-                     level.rgb.data());
-        if (level.width == 1 && level.height == 1)
+    Bitmap smaller;
+    const Bitmap *level = &bitmap;
+    for (int number = 0;; level = &smaller) {
+        if (std::max(level->width, level->height) <= largest)
+            glTexImage2D(GL_TEXTURE_2D, number++, GL_RGB, level->width, level->height, 0, GL_RGB,
+                         GL_UNSIGNED_BYTE, level->rgb.data());
+        if (level->width == 1 && level->height == 1)
             return name;
-        level = halved(level);
+        smaller = halved(*level);
     }
 }
 
