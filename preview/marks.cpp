@@ -26,29 +26,29 @@ double step_of(const Scene &scene)
 // Lines in the world, over what is drawn already.
 class Lines {
   public:
-    Lines(const Screen &on, const Overlay &over, float width) : centre(on.scene.centre()), overlay(over)
+    Lines(const Screen &on, const Overlay &over, float width) : centre_(on.scene.centre()), overlay_(over)
     {
-        overlay.use_world();
+        overlay_.use_world();
         glLineWidth(width);
         glBegin(GL_LINES);
     }
     ~Lines()
     {
         glEnd();
-        overlay.use_screen();
+        overlay_.use_screen();
     }
     Lines(const Lines &) = delete;
     Lines &operator=(const Lines &) = delete;
 
     void add(Vec3 from, Vec3 to)
     {
-        for (const Vec3 end : {from - centre, to - centre})
+        for (const Vec3 end : {from - centre_, to - centre_})
             glVertex3d(end.x, end.y, end.z);
     }
 
   private:
-    Vec3 centre;
-    const Overlay &overlay;
+    Vec3 centre_;
+    const Overlay &overlay_;
 };
 
 void label(const Screen &screen, const Overlay &overlay, Vec3 at, const std::string &text)

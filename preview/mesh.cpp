@@ -34,7 +34,9 @@ bool lies_on_ground(const Scene &scene, const Face &face)
 
 Mesh::Rgba shaded(const std::array<std::uint8_t, 3> &colour, double factor)
 {
-    const auto part = [&](std::uint8_t value) { return static_cast<std::uint8_t>(value * factor + 0.5); };
+    const auto part = [&](std::uint8_t value) {
+        return static_cast<std::uint8_t>(std::lround(value * factor));
+    };
     return {part(colour[0]), part(colour[1]), part(colour[2]), 255};
 }
 

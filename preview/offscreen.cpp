@@ -47,13 +47,13 @@ bool make_current(EGLDisplay display, EGLint width, EGLint height)
         eglChooseConfig(display, wanted, configs, 100, &count) == EGL_FALSE || count == 0)
         return false;
     // The configurations with most bits come first, and are slow to read.
-    EGLConfig const config = *std::find_if(configs, configs + count - 1, [&](EGLConfig candidate) {
+    void *const config = *std::find_if(configs, configs + count - 1, [&](EGLConfig candidate) {
         EGLint red = 0;
         return eglGetConfigAttrib(display, candidate, EGL_RED_SIZE, &red) == EGL_TRUE && red == 8;
     });
     // Without attributes, EGL gives the old profile with all of OpenGL 1.1.
-    const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
-    const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
+    void *const context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
+    void *const surface = eglCreatePbufferSurface(display, config, size);
     return context != EGL_NO_CONTEXT && surface != EGL_NO_SURFACE &&
            eglMakeCurrent(display, surface, surface, context) == EGL_TRUE;
 }
@@ -83,7 +83,7 @@ void refuse_errors()
 Offscreen::Offscreen(int picture_width, int picture_height) : width(picture_width), height(picture_height)
 {
     bool any_driver = false;
-    for (const EGLDisplay candidate : candidate_displays()) {
+    for (EGLDisplay candidate : candidate_displays()) {
         if (candidate == EGL_NO_DISPLAY || eglInitialize(candidate, nullptr, nullptr) == EGL_FALSE)
             continue;
         any_driver = true;

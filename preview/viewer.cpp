@@ -12,8 +12,8 @@
 #include <iostream>
 #include <utility>
 
-Viewer::Viewer(const Options &asked, Loaded first)
-    : options(asked), loaded(std::move(first)),
+Viewer::Viewer(Options asked, Loaded first)
+    : options(std::move(asked)), loaded(std::move(first)),
       drawing(std::make_unique<Drawing>(loaded.scene, loaded.textures)), width(options.resolution[0]),
       height(options.resolution[1]), camera(first_camera(loaded, options.look, aspect())),
       shown_title("marlogl-preview - " + options.input)

@@ -11,7 +11,7 @@
 // A context must be current for the whole life.
 class Viewer {
   public:
-    Viewer(const Options &asked, Loaded first);
+    Viewer(Options asked, Loaded first);
 
     // Places are in parts of the picture, as Camera has them; ways in degrees, or parts of half its height.
     void resize(int to_width, int to_height);
