@@ -1,5 +1,6 @@
 #include "scene.h"
 
+#include "matrix_stack.h"
 #include "polygons.h"
 
 #include <algorithm>
@@ -7,8 +8,6 @@
 #include <unordered_map>
 
 namespace {
-
-constexpr std::size_t deepest_stack = 32; // the depth that OpenGL promises
 
 bool is_usable(Vec3 point)
 {
@@ -66,7 +65,7 @@ class Builder {
             end_block();
         }
         scene_.objects.back().end_vertex = scene_.vertices.size();
-        scene_.unbalanced_matrix_calls += stack_.size();
+        scene_.unbalanced_matrix_calls += matrices_.depth();
         scene_.is_whole = footer_lines_ == 4;
         const Bounds bounds = bounds_of(scene_.vertices);
         scene_.lowest = bounds.lowest;
@@ -100,28 +99,18 @@ class Builder {
             begin_object(static_cast<int>(std::clamp(a, 0.0, 1e6)), std::string(statement.name));
             break;
         case Operation::matrix_mode:
-            in_modelview_ = statement.symbol == Symbol::modelview;
-            break;
         case Operation::load_identity:
-            if (in_modelview_)
-                current_ = {};
-            break;
         case Operation::push_matrix:
-            push();
-            break;
         case Operation::pop_matrix:
-            pop();
-            break;
         case Operation::translate:
-            multiply(translation({a, b, c}));
-            break;
         case Operation::rotate:
-            multiply(rotation(a, unit({b, c, d})));
+            place(statement);
             break;
         case Operation::scale:
-            if (const double unit = current_.x.x * a; scene_.objects.size() == 1 && unit > 1e-6 && unit < 1e6)
+            if (const double unit = matrices_.current().x.x * a;
+                scene_.objects.size() == 1 && unit > 1e-6 && unit < 1e6)
                 scene_.unit = unit;
-            multiply(scaling({a, b, c}));
+            place(statement);
             break;
         case Operation::bind_texture:
             bound_texture_ = statement.name;
@@ -146,7 +135,7 @@ class Builder {
                               static_cast<std::uint8_t>(c)};
             break;
         case Operation::normal:
-            vertex_.normal = in_floats(current_.normal({a, b, c}));
+            vertex_.normal = in_floats(matrices_.current().normal({a, b, c}));
             break;
         case Operation::tex_coord:
             vertex_.s = in_float(a);
@@ -165,38 +154,12 @@ class Builder {
         scene_.objects.push_back({number, std::move(name), line_, scene_.vertices.size(), 0});
     }
 
-    void multiply(const Placement &by)
+    void place(const Statement &statement)
     {
-        if (in_modelview_)
-            current_ = current_ * by;
-    }
-
-    void push()
-    {
-        if (!in_modelview_)
-            return;
-        if (stack_.size() < deepest_stack)
-            stack_.push_back(current_);
-        else
-            unbalanced("glPushMatrix: the matrix stack is full");
-    }
-
-    void pop()
-    {
-        if (!in_modelview_)
-            return;
-        if (stack_.empty()) {
-            unbalanced("glPopMatrix without glPushMatrix");
-            return;
+        if (const char *const refusal = matrices_.play(statement)) {
+            ++scene_.unbalanced_matrix_calls;
+            problems_.add(line_, refusal);
         }
-        current_ = stack_.back();
-        stack_.pop_back();
-    }
-
-    void unbalanced(const char *what)
-    {
-        ++scene_.unbalanced_matrix_calls;
-        problems_.add(line_, what);
     }
 
     void begin_block(Symbol symbol)
@@ -221,7 +184,7 @@ class Builder {
             problems_.add(line_, "glVertex3d outside of glBegin and glEnd");
             return;
         }
-        vertex_.position = current_.point(position);
+        vertex_.position = matrices_.current().point(position);
         if (is_usable(vertex_.position))
             scene_.vertices.push_back(vertex_);
         else
@@ -324,8 +287,7 @@ class Builder {
     Scene scene_;
     PolygonCutter cutter_;
     std::unordered_map<std::string_view, std::uint32_t> texture_numbers_; // of those that are shown
-    std::vector<Placement> stack_;
-    Placement current_;
+    MatrixStack matrices_;
     Vertex vertex_;
     std::string_view bound_texture_;
     std::size_t first_ = 0; // vertex of the block
@@ -333,7 +295,6 @@ class Builder {
     std::uint32_t line_ = 0;
     std::uint32_t bound_texture_line_ = 0; // 0: no texture is bound
     int footer_lines_ = 0;
-    bool in_modelview_ = true;
     bool texture_enabled_ = false;
     bool in_block_ = false;
     bool has_tex_coords_ = false;
