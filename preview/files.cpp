@@ -64,9 +64,9 @@ void refuse_overwriting(const std::string &output, const std::vector<fs::path> &
                                      ", which is read");
 }
 
-OutputFile::OutputFile(std::string path) : OutputFile(path, path) {}
+OutputFile::OutputFile(const std::string &path) : OutputFile(path, path) {}
 
-OutputFile OutputFile::replacing(std::string path)
+OutputFile OutputFile::replacing(const std::string &path)
 {
     std::error_code ignored;
     const bool replaces = fs::is_regular_file(path, ignored) || !fs::exists(path, ignored);

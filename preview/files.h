@@ -33,9 +33,9 @@ void refuse_overwriting(const std::string &output, const std::vector<std::filesy
 // fails.
 class OutputFile {
   public:
-    explicit OutputFile(std::string path);
+    explicit OutputFile(const std::string &path);
     // One that comes to its place by close() only: until then what was there before stays there.
-    static OutputFile replacing(std::string path);
+    static OutputFile replacing(const std::string &path);
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;

@@ -26,29 +26,29 @@ double step_of(const Scene &scene)
 // Lines in the world, over what is drawn already.
 class Lines {
   public:
-    Lines(const Screen &on, const Overlay &over, float width) : centre(on.scene.centre()), overlay(over)
+    Lines(const Screen &on, const Overlay &over, float width) : centre_(on.scene.centre()), overlay_(over)
     {
-        overlay.use_world();
+        overlay_.use_world();
         glLineWidth(width);
         glBegin(GL_LINES);
     }
     ~Lines()
     {
         glEnd();
-        overlay.use_screen();
+        overlay_.use_screen();
     }
     Lines(const Lines &) = delete;
     Lines &operator=(const Lines &) = delete;
 
     void add(Vec3 from, Vec3 to)
     {
-        for (const Vec3 end : {from - centre, to - centre})
+        for (const Vec3 end : {from - centre_, to - centre_})
             glVertex3d(end.x, end.y, end.z);
     }
 
   private:
-    Vec3 centre;
-    const Overlay &overlay;
+    Vec3 centre_;
+    const Overlay &overlay_;
 };
 
 void label(const Screen &screen, const Overlay &overlay, Vec3 at, const std::string &text)
@@ -77,14 +77,20 @@ void draw_grid(const Screen &screen, const Overlay &overlay)
     const auto last = [&](double high) { return std::ceil(high / step); };
     const double left = first(scene.lowest.x), right = last(scene.highest.x), front = first(scene.lowest.y),
                  back = last(scene.highest.y);
+    // Far from the origin one more may be the same number: so the lines are counted, and there are not too
+    // many.
+    const auto lines_between = [](double low, double high) {
+        return static_cast<int>(std::min(high - low, 100.0));
+    };
+    const int columns = lines_between(left, right), rows = lines_between(front, back);
     const Vec3 north{(left + right) / 2 * step, back * step, 0};
     {
         Lines lines(screen, overlay, 1);
         glColor4ub(255, 255, 255, 90);
-        for (double x = left; x <= right; ++x)
-            lines.add({x * step, front * step, 0}, {x * step, back * step, 0});
-        for (double y = front; y <= back; ++y)
-            lines.add({left * step, y * step, 0}, {right * step, y * step, 0});
+        for (int i = 0; i <= columns; ++i)
+            lines.add({(left + i) * step, front * step, 0}, {(left + i) * step, back * step, 0});
+        for (int i = 0; i <= rows; ++i)
+            lines.add({left * step, (front + i) * step, 0}, {right * step, (front + i) * step, 0});
         glColor4ub(255, 220, 60, 255);
         const Vec3 tip = north + Vec3{0, step, 0};
         lines.add(north, tip);
@@ -92,10 +98,10 @@ void draw_grid(const Screen &screen, const Overlay &overlay)
             lines.add(tip, tip + Vec3{side, -0.3, 0} * step);
     }
     label(screen, overlay, north + Vec3{0, step * 1.1, 0}, "N");
-    for (double x = left; x <= right; x += 2)
-        label(screen, overlay, {x * step, front * step, 0}, in_short(x * units));
-    for (double y = front + 2; y <= back; y += 2)
-        label(screen, overlay, {left * step, y * step, 0}, in_short(y * units));
+    for (int i = 0; i <= columns; i += 2)
+        label(screen, overlay, {(left + i) * step, front * step, 0}, in_short((left + i) * units));
+    for (int i = 2; i <= rows; i += 2)
+        label(screen, overlay, {left * step, (front + i) * step, 0}, in_short((front + i) * units));
     overlay.panel(-8, 8, "grid " + in_short(units) + " units");
 }
 

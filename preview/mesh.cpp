@@ -1,10 +1,10 @@
 #include "mesh.h"
 
 #include "light.h"
+#include "other_sides.h"
 
 #include <algorithm>
 #include <map>
-#include <numeric>
 
 namespace {
 
@@ -34,7 +34,9 @@ bool lies_on_ground(const Scene &scene, const Face &face)
 
 Mesh::Rgba shaded(const std::array<std::uint8_t, 3> &colour, double factor)
 {
-    const auto part = [&](std::uint8_t value) { return static_cast<std::uint8_t>(value * factor + 0.5); };
+    const auto part = [&](std::uint8_t value) {
+        return static_cast<std::uint8_t>(std::lround(value * factor));
+    };
     return {part(colour[0]), part(colour[1]), part(colour[2]), 255};
 }
 
@@ -104,7 +106,8 @@ void cast_shadows(Mesh &mesh, const Scene &scene)
         const bool is_buried = std::all_of(corners.begin(), corners.end(), [&](std::uint32_t corner) {
             return scene.vertices[corner].position.z <= 0;
         });
-        if (!is_edge_on && !is_buried)
+        const bool is_cast_already = mesh.other_sides[number] < number;
+        if (!is_edge_on && !is_buried && !is_cast_already)
             mesh.shadow_corners.insert(mesh.shadow_corners.end(), corners.begin(), corners.end());
     }
 }
@@ -120,6 +123,7 @@ Mesh make_mesh(const Scene &scene, const std::vector<bool> &in_white)
         if (face.texture != Run::untextured && in_white[face.texture])
             whiten(mesh, scene, face);
     }
+    mesh.other_sides = find_other_sides(scene);
     sort_faces(mesh, scene);
     cast_shadows(mesh, scene);
     for (const Run &run : scene.runs)

@@ -29,6 +29,8 @@ struct Mesh {
     // Of each face: to the viewer who sees its corners run counter-clockwise.
     std::vector<Vec3> normals;
 
+    std::vector<std::uint32_t> other_sides; // of each face, see other_sides.h
+
     std::vector<std::uint32_t> order; // of faces, but for those on the ground
     std::vector<Batch> batches;       // of those in order
     // Faces on the ground lie in one plane, so no depths can tell which of them is seen: what is small lies

@@ -4,6 +4,7 @@
 #include <EGL/eglext.h>
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -40,16 +41,35 @@ bool make_current(EGLDisplay display, EGLint width, EGLint height)
         EGL_RED_SIZE, 8, EGL_GREEN_SIZE, 8, EGL_BLUE_SIZE, 8, EGL_DEPTH_SIZE, 24, EGL_STENCIL_SIZE, 8, EGL_NONE};
     // clang-format on
     const EGLint size[] = {EGL_WIDTH, width, EGL_HEIGHT, height, EGL_NONE};
-    EGLConfig config = nullptr;
+    EGLConfig configs[100];
     EGLint count = 0;
     if (eglBindAPI(EGL_OPENGL_API) == EGL_FALSE ||
-        eglChooseConfig(display, wanted, &config, 1, &count) == EGL_FALSE || count == 0)
+        eglChooseConfig(display, wanted, configs, 100, &count) == EGL_FALSE || count == 0)
         return false;
+    // The configurations with most bits come first, and are slow to read.
+    void *const config = *std::find_if(configs, configs + count - 1, [&](EGLConfig candidate) {
+        EGLint red = 0;
+        return eglGetConfigAttrib(display, candidate, EGL_RED_SIZE, &red) == EGL_TRUE && red == 8;
+    });
     // Without attributes, EGL gives the old profile with all of OpenGL 1.1.
-    const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
-    const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
+    void *const context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
+    void *const surface = eglCreatePbufferSurface(display, config, size);
     return context != EGL_NO_CONTEXT && surface != EGL_NO_SURFACE &&
            eglMakeCurrent(display, surface, surface, context) == EGL_TRUE;
+}
+
+// Filters the pixels under a row of the picture down. They are of four bytes.
+void mix_samples(const std::uint8_t *from, std::size_t columns, std::uint8_t *to)
+{
+    constexpr std::size_t n = oversampling;
+    const std::size_t stride = columns * n * 4;
+    for (std::size_t x = 0; x < columns; ++x)
+        for (std::size_t channel = 0; channel < 3; ++channel) {
+            std::size_t sum = n * n / 2;
+            for (std::size_t sample = 0; sample < n * n; ++sample)
+                sum += from[sample / n * stride + (x * n + sample % n) * 4 + channel];
+            *to++ = static_cast<std::uint8_t>(sum / (n * n));
+        }
 }
 
 void refuse_errors()
@@ -63,7 +83,7 @@ void refuse_errors()
 Offscreen::Offscreen(int picture_width, int picture_height) : width(picture_width), height(picture_height)
 {
     bool any_driver = false;
-    for (const EGLDisplay candidate : candidate_displays()) {
+    for (EGLDisplay candidate : candidate_displays()) {
         if (candidate == EGL_NO_DISPLAY || eglInitialize(candidate, nullptr, nullptr) == EGL_FALSE)
             continue;
         any_driver = true;
@@ -89,19 +109,16 @@ Picture Offscreen::read() const
     constexpr std::size_t n = oversampling;
     const auto columns = static_cast<std::size_t>(width), rows = static_cast<std::size_t>(height);
     const std::size_t stride = columns * n * 4;
-    std::vector<std::uint8_t> band(stride * n); // the pixels under one row of the picture
+    constexpr int rows_at_once = 16; // of the picture; each reading has a price of its own
+    std::vector<std::uint8_t> band(stride * n * rows_at_once);
     Picture picture{width, height, std::vector<std::uint8_t>(columns * rows * 3)};
-    std::uint8_t *to = picture.rgb.data();
-    for (int row = height - 1; row >= 0; --row) {
-        glReadPixels(0, row * oversampling, width * oversampling, oversampling, GL_RGBA, GL_UNSIGNED_BYTE,
-                     band.data());
-        for (std::size_t x = 0; x < columns; ++x)
-            for (std::size_t channel = 0; channel < 3; ++channel) {
-                std::size_t sum = n * n / 2;
-                for (std::size_t sample = 0; sample < n * n; ++sample)
-                    sum += band[sample / n * stride + (x * n + sample % n) * 4 + channel];
-                *to++ = static_cast<std::uint8_t>(sum / (n * n));
-            }
+    for (int bottom = 0; bottom < height; bottom += rows_at_once) {
+        const int count = std::min(rows_at_once, height - bottom);
+        glReadPixels(0, bottom * oversampling, width * oversampling, count * oversampling, GL_RGBA,
+                     GL_UNSIGNED_BYTE, band.data());
+        for (int row = 0; row < count; ++row)
+            mix_samples(band.data() + static_cast<std::size_t>(row) * n * stride, columns,
+                        &picture.rgb[static_cast<std::size_t>(height - 1 - bottom - row) * columns * 3]);
     }
     refuse_errors();
     return picture;

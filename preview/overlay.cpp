@@ -22,7 +22,8 @@ Overlay::Overlay(int to_width, int to_height, int of_dot) : width(to_width), hei
 {
     glPushAttrib(GL_ALL_ATTRIB_BITS);
     glViewport(0, 0, width, height);
-    for (const GLenum capability : {GL_DEPTH_TEST, GL_CULL_FACE, GL_TEXTURE_2D, GL_LIGHTING})
+    for (const GLenum capability :
+         {GLenum{GL_DEPTH_TEST}, GLenum{GL_CULL_FACE}, GLenum{GL_TEXTURE_2D}, GLenum{GL_LIGHTING}})
         glDisable(capability);
     glEnable(GL_BLEND);
     glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
@@ -37,7 +38,7 @@ Overlay::~Overlay()
 
 void Overlay::use_screen() const
 {
-    for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+    for (const GLenum matrix : {GLenum{GL_PROJECTION}, GLenum{GL_MODELVIEW}}) {
         glMatrixMode(matrix);
         glPushMatrix();
         glLoadIdentity();
@@ -47,7 +48,7 @@ void Overlay::use_screen() const
 
 void Overlay::use_world() const
 {
-    for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+    for (const GLenum matrix : {GLenum{GL_PROJECTION}, GLenum{GL_MODELVIEW}}) {
         glMatrixMode(matrix);
         glPopMatrix();
     }

@@ -1,61 +1,18 @@
 #include "render.h"
 
 #include "gl.h"
+#include "gl_textures.h"
 #include "light.h"
+#include "other_sides.h"
 
 #include <algorithm>
 
 namespace {
 
-// How textures are looked at that are seen small or aslant.
-struct Filter {
-    int between_mipmaps = GL_LINEAR_MIPMAP_LINEAR;
-    float directions = 1;
-};
-
-// Drivers without a graphics card have the better filters, too, but take several times as long.
-Filter usable_filter()
-{
-    constexpr float enough = 8;
-    const auto *const renderer = reinterpret_cast<const char *>(glGetString(GL_RENDERER));
-    if (renderer == nullptr || std::string_view(renderer).find("pipe") != std::string_view::npos)
-        return {GL_LINEAR_MIPMAP_NEAREST, 1};
-    Filter filter;
-    glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &filter.directions);
-    filter.directions = glGetError() == GL_NO_ERROR ? std::min(filter.directions, enough) : 1;
-    return filter;
-}
-
-unsigned upload_texture(const Bitmap &bitmap, const Filter &filter)
-{
-    unsigned name = 0;
-    glGenTextures(1, &name);
-    glBindTexture(GL_TEXTURE_2D, name);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter.between_mipmaps);
-    if (filter.directions > 1)
-        glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT, filter.directions);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
-    int largest = 0;
-    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
-    Bitmap level = bitmap;
-    while (std::max(level.width, level.height) > largest)
-        level = halved(level);
-    for (int number = 0;; ++number) {
-        glTexImage2D(GL_TEXTURE_2D, number, GL_RGB, level.width, level.height, 0, GL_RGB, GL_UNSIGNED_BYTE,
-                     level.rgb.data());
-        if (level.width == 1 && level.height == 1)
-            return name;
-        level = halved(level);
-    }
-}
-
 // From the horizon below to the zenith above.
 void draw_sky()
 {
-    for (const GLenum matrix : {GL_PROJECTION, GL_MODELVIEW}) {
+    for (const GLenum matrix : {GLenum{GL_PROJECTION}, GLenum{GL_MODELVIEW}}) {
         glMatrixMode(matrix);
         glLoadIdentity();
     }
@@ -108,41 +65,12 @@ Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
         in_white.push_back(textures.bitmaps[number].stands_in);
     }
     mesh = make_mesh(scene, in_white);
-    glGenBuffers(array_count, buffers.data());
-    upload(points, mesh.points);
-    upload(shadows, mesh.shadows);
-    upload(texture_points, mesh.texture_points);
-    for (std::size_t light = 0; light < mesh.colours.size(); ++light)
-        upload(static_cast<Array>(colours + light), mesh.colours[light]);
+    arrays = std::make_unique<Arrays>(mesh);
 }
 
 Drawing::~Drawing()
 {
     glDeleteTextures(static_cast<int>(texture_names.size()), texture_names.data());
-    glDeleteBuffers(array_count, buffers.data());
-}
-
-void Drawing::upload(Array array, const auto &elements)
-{
-    glBindBuffer(GL_ARRAY_BUFFER, buffers[array]);
-    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(elements.size() * sizeof elements[0]),
-                 elements.data(), GL_STATIC_DRAW);
-}
-
-void Drawing::use_array(Array array) const
-{
-    glBindBuffer(GL_ARRAY_BUFFER, buffers[array]);
-    array == texture_points ? glTexCoordPointer(2, GL_FLOAT, 0, nullptr)
-                            : glVertexPointer(3, GL_FLOAT, 0, nullptr);
-    glEnableClientState(array == texture_points ? GL_TEXTURE_COORD_ARRAY : GL_VERTEX_ARRAY);
-}
-
-void Drawing::use_colours(Light light) const
-{
-    glBindBuffer(GL_ARRAY_BUFFER,
-                 buffers[static_cast<std::size_t>(colours) + static_cast<std::size_t>(light)]);
-    glColorPointer(4, GL_UNSIGNED_BYTE, 0, nullptr);
-    glEnableClientState(GL_COLOR_ARRAY);
 }
 
 void Drawing::use_texture(std::uint32_t number) const
@@ -194,8 +122,8 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
     constexpr float usual_height = 600;
     const float thickness = appearance.thickness,
                 scale = static_cast<float>(std::min<double>(height, width / 1.5)) / thickness / usual_height;
-    use_array(points);
-    use_array(texture_points);
+    arrays->use_points();
+    arrays->use_texture_points();
     draw_ground(towards, appearance.lit);
     draw_faces(towards, appearance.lit);
     use_texture(Run::untextured);
@@ -208,7 +136,7 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
         glLineWidth(std::max(0.75f, scale) * thickness);
         draw_edges(towards);
     }
-    use_colours(Light::none);
+    arrays->use_colours(Light::none);
     glDepthMask(GL_TRUE);
     glLineWidth(std::max(1.0f, 1.5f * scale) * thickness);
     draw_elements(GL_LINES, mesh.lines);
@@ -233,7 +161,7 @@ void Drawing::draw_ground(const std::vector<bool> &towards, bool lit) const
     std::vector<std::uint32_t> corners;
     for (const bool colours_too : {true, false}) {
         for (const Light side : upwards) {
-            use_colours(lit ? side : Light::none);
+            arrays->use_colours(lit ? side : Light::none);
             push_back(side);
             for (std::size_t i = 0; i < mesh.on_ground.size(); ++i) {
                 const Face &face = scene.faces[mesh.on_ground[i]];
@@ -257,14 +185,19 @@ void Drawing::draw_ground(const std::vector<bool> &towards, bool lit) const
 void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
 {
     std::vector<std::uint32_t> corners;
+    const auto is_covered = [&](std::uint32_t face) { // by its other side
+        const std::uint32_t other = mesh.other_sides[face];
+        return !towards[face] && other != no_face && towards[other];
+    };
     // What is meant for the viewer first: it hides much of the rest, which then costs nothing.
     for (const Light side : {Light::counter_clockwise, Light::clockwise}) {
-        use_colours(lit ? side : Light::none);
+        arrays->use_colours(lit ? side : Light::none);
         push_back(side);
         for (const auto &[texture, first, end] : mesh.batches) {
             corners.clear();
             for (std::size_t i = first; i < end; ++i)
-                if (towards[mesh.order[i]] == (side == Light::counter_clockwise))
+                if (towards[mesh.order[i]] == (side == Light::counter_clockwise) &&
+                    !is_covered(mesh.order[i]))
                     append(corners, scene, scene.faces[mesh.order[i]]);
             use_texture(texture);
             draw_elements(GL_TRIANGLES, corners);
@@ -276,7 +209,7 @@ void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
 // Each pixel gets its shadow once, however many shadows meet there.
 void Drawing::draw_shadows() const
 {
-    use_array(shadows);
+    arrays->use_shadows();
     glEnable(GL_STENCIL_TEST);
     glStencilFunc(GL_EQUAL, 0, 1);
     glStencilOp(GL_KEEP, GL_KEEP, GL_INCR);
@@ -286,7 +219,7 @@ void Drawing::draw_shadows() const
     draw_elements(GL_TRIANGLES, mesh.shadow_corners);
     glDisable(GL_POLYGON_OFFSET_FILL);
     glDisable(GL_STENCIL_TEST);
-    use_array(points);
+    arrays->use_points();
 }
 
 void Drawing::draw_edges(const std::vector<bool> &towards) const

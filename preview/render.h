@@ -1,9 +1,11 @@
 // Draws a scene through OpenGL 1.5. A context must be current for every call.
 #pragma once
 
+#include "arrays.h"
 #include "camera.h"
-#include "mesh.h"
 #include "textures.h"
+
+#include <memory>
 
 using Colour = std::array<float, 3>; // red, green, blue from 0 to 1
 
@@ -28,11 +30,6 @@ class Drawing {
               int bottom = 0) const;
 
   private:
-    enum Array { points, shadows, texture_points, colours, array_count = colours + 3 };
-
-    void upload(Array array, const auto &elements);
-    void use_array(Array array) const;
-    void use_colours(Light light) const;
     void use_texture(std::uint32_t number) const;
     void draw_elements(unsigned mode, const std::vector<std::uint32_t> &corners) const;
     void draw_ground(const std::vector<bool> &towards, bool lit) const;
@@ -44,5 +41,5 @@ class Drawing {
     Mesh mesh;
     std::vector<unsigned> texture_names;
     std::vector<unsigned> texture_of; // of each texture name of the scene
-    std::array<unsigned, array_count> buffers{};
+    std::unique_ptr<Arrays> arrays;
 };

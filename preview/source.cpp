@@ -24,15 +24,15 @@ constexpr std::size_t most_megabytes = 64;
 // Reads from the disk and writes into memory.
 class SourceFiles : public marlogl::FileSystem {
   public:
-    explicit SourceFiles(FilesRead &to) : files_read(to) {}
+    explicit SourceFiles(FilesRead &to) : files_read_(to) {}
 
     marlogl::MemoryFiles written;
     std::string configuration_folder = "."; // where MarlOgl.dat is looked for
 
     std::unique_ptr<marlogl::InputFile> open(const std::string &path) override
     {
-        files_read.note(path);
-        return disk->open(path);
+        files_read_.note(path);
+        return disk_->open(path);
     }
     std::unique_ptr<marlogl::OutputFile> create(const std::string &path) override
     {
@@ -41,16 +41,16 @@ class SourceFiles : public marlogl::FileSystem {
     void remove(const std::string &path) override { written.remove(path); }
     std::string identity(const std::string &path) override
     {
-        files_read.note(path);
-        return disk->identity(path);
+        files_read_.note(path);
+        return disk_->identity(path);
     }
-    std::vector<std::string> names_in(const std::string &folder) override { return disk->names_in(folder); }
+    std::vector<std::string> names_in(const std::string &folder) override { return disk_->names_in(folder); }
     std::string executable_folder() override { return configuration_folder; }
-    std::string current_folder() override { return disk->current_folder(); }
+    std::string current_folder() override { return disk_->current_folder(); }
 
   private:
-    FilesRead &files_read;
-    const std::unique_ptr<marlogl::FileSystem> disk = marlogl::system_files();
+    FilesRead &files_read_;
+    const std::unique_ptr<marlogl::FileSystem> disk_ = marlogl::system_files();
 };
 
 bool is_configuration(const std::string &path)
@@ -68,7 +68,7 @@ std::string folder_of(const std::string &file)
 // program lies there, one in the current folder.
 std::string design_of(SourceFiles &files, const marlogl::Configuration &configuration)
 {
-    const std::string named = marlogl::native_path(configuration.design);
+    std::string named = marlogl::native_path(configuration.design);
     if (fs::path(named).is_absolute() || configuration.folder == ".")
         return named;
     std::string beside = marlogl::find_file(files, '/' + named, configuration.folder);

@@ -61,13 +61,13 @@ constexpr std::string_view scenery_commands[] = {"Call",     "TransformCall", "J
 
 class Reader {
   public:
-    Reader(Problems &to, const std::function<void(const Statement &)> &on) : problems(to), take(on) {}
+    Reader(Problems &to, const std::function<void(const Statement &)> &on) : problems_(to), take_(on) {}
 
     Counts counts;
 
     void read_line(std::string_view line)
     {
-        ++line_number;
+        ++line_number_;
         Cursor cursor(line);
         if (cursor.at_end())
             return;
@@ -93,16 +93,16 @@ class Reader {
         cursor.take('/');
         cursor.take('/');
         const std::string_view comment = cursor.remainder();
-        if (!name_follows && comment.starts_with(sequence)) {
+        if (!name_follows_ && comment.starts_with(sequence)) {
             ++counts.objects;
-            announced.line = line_number;
-            announced.values = {};
-            Cursor(comment.substr(sequence.size())).number(announced.values[0]);
-            name_follows = true;
-        } else if (name_follows) {
-            announced.name = comment.substr(std::min(mark.size(), comment.size()));
-            name_follows = false;
-            take(announced);
+            announced_.line = line_number_;
+            announced_.values = {};
+            Cursor(comment.substr(sequence.size())).number(announced_.values[0]);
+            name_follows_ = true;
+        } else if (name_follows_) {
+            announced_.name = comment.substr(std::min(mark.size(), comment.size()));
+            name_follows_ = false;
+            take_(announced_);
         }
     }
 
@@ -117,12 +117,12 @@ class Reader {
                 std::end(scenery_commands))
                 ++counts.skipped_lines;
             else
-                problems.add(line_number, "no statement is known that starts like this");
+                problems_.add(line_number_, "no statement is known that starts like this");
             return false;
         }
-        name_follows = false;
+        name_follows_ = false;
         Statement statement{form->operation};
-        statement.line = line_number;
+        statement.line = line_number_;
         if (!cursor.take('('))
             return damaged(*form, "( is missing");
         if (!read_arguments(cursor, *form, statement))
@@ -130,7 +130,7 @@ class Reader {
         if (!cursor.take(')') || !cursor.take(';'))
             return damaged(*form, ") or ; is missing");
         ++counts.statements;
-        take(statement);
+        take_(statement);
         return true;
     }
 
@@ -172,15 +172,15 @@ class Reader {
 
     bool damaged(const Form &form, std::string_view what)
     {
-        problems.add(line_number, std::string(form.name) + ": " + std::string(what));
+        problems_.add(line_number_, std::string(form.name) + ": " + std::string(what));
         return false;
     }
 
-    Problems &problems;
-    const std::function<void(const Statement &)> &take;
-    std::uint32_t line_number = 0;
-    Statement announced{Operation::object};
-    bool name_follows = false;
+    Problems &problems_;
+    const std::function<void(const Statement &)> &take_;
+    std::uint32_t line_number_ = 0;
+    Statement announced_{Operation::object};
+    bool name_follows_ = false;
 };
 
 } // namespace

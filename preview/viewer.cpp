@@ -2,16 +2,18 @@
 
 #include "files.h"
 #include "font.h"
+#include "gl.h"
 #include "marks.h"
 #include "png_file.h"
 #include "report.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iostream>
 #include <utility>
 
-Viewer::Viewer(const Options &asked, Loaded first)
-    : options(asked), loaded(std::move(first)),
+Viewer::Viewer(Options asked, Loaded first)
+    : options(std::move(asked)), loaded(std::move(first)),
       drawing(std::make_unique<Drawing>(loaded.scene, loaded.textures)), width(options.resolution[0]),
       height(options.resolution[1]), camera(first_camera(loaded, options.look, aspect())),
       shown_title("marlogl-preview - " + options.input)
@@ -124,18 +126,28 @@ void Viewer::select(double x, double y)
 void Viewer::draw_scene(bool smoothly)
 {
     if (!smoothly) {
-        constexpr std::size_t many_corners = 100000; // shadows and edges would cost a third of each frame
-        Appearance in_motion = options.appearance;
-        if (loaded.scene.corners.size() > many_corners)
-            in_motion.shadows = in_motion.edges = false;
-        drawing->draw(camera, in_motion, width, height);
+        draw_in_motion();
         return;
     }
+    hurries = false;
     if (!smooth || smooth->width != width || smooth->height != height)
         smooth = std::make_unique<SmoothFramebuffer>(width, height);
     smooth->begin();
     drawing->draw(camera, options.appearance, width, height);
     smooth->end();
+}
+
+// What takes too long is left out from the second picture on, until the scene stands still.
+void Viewer::draw_in_motion()
+{
+    constexpr std::chrono::milliseconds longest(50);
+    Appearance in_motion = options.appearance;
+    if (hurries)
+        in_motion.shadows = in_motion.edges = false;
+    const auto begun = std::chrono::steady_clock::now();
+    drawing->draw(camera, in_motion, width, height);
+    glFinish();
+    hurries |= std::chrono::steady_clock::now() - begun > longest;
 }
 
 void Viewer::draw(bool smoothly)

@@ -11,7 +11,7 @@
 // A context must be current for the whole life.
 class Viewer {
   public:
-    Viewer(const Options &asked, Loaded first);
+    Viewer(Options asked, Loaded first);
 
     // Places are in parts of the picture, as Camera has them; ways in degrees, or parts of half its height.
     void resize(int to_width, int to_height);
@@ -41,6 +41,7 @@ class Viewer {
   private:
     double aspect() const { return static_cast<double>(width) / height; }
     void draw_scene(bool smoothly);
+    void draw_in_motion();
     void go_to(const NamedView &view);
 
     Options options;
@@ -52,5 +53,6 @@ class Viewer {
     std::string message, note; // of a fault, and of what was just done
     std::string shown_title;
     std::optional<Hit> selected;
+    bool hurries = false; // while the scene moves
     bool shows_grid = false, shows_axes = false, shows_names = false, shows_help = false;
 };

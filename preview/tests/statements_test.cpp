@@ -1,3 +1,4 @@
+#include "other_sides.h"
 #include "scene.h"
 
 #include <gtest/gtest.h>
@@ -178,6 +179,21 @@ TEST(Scene, NormalsFollowTheFaceAndAreMadeUpWhereTheyAreMissing)
         const auto [x, y, z] = scene.vertices[3].normal;
         EXPECT_LT(length(Vec3{x, y, z} - row.normal), 1e-3) << row.text;
     }
+}
+
+TEST(Scene, TheOtherSideOfAFaceHasItsCornersTheOtherWayRound)
+{
+    const auto face = [](const std::string &corners) {
+        std::string text = "glBegin( GL_POLYGON );";
+        for (const char corner : corners)
+            text += std::string("glVertex3d( ") + (corner == 'b' || corner == 'c' ? "4" : "0") + ", 0, " +
+                    (corner == 'c' || corner == 'd' ? "4" : "0") + " );";
+        return text + "glEnd();\n";
+    };
+    Problems problems;
+    const Scene scene =
+        read_scene(face("abcd") + face("bcda") + face("badc") + face("acbd") + face("bad"), problems);
+    EXPECT_EQ(find_other_sides(scene), (std::vector{no_face, 2u, 1u, no_face, no_face}));
 }
 
 TEST(Scene, ObjectsAreCountedByTheirNumberLines)
