@@ -91,10 +91,7 @@ void draw(benchmark::State &state, const ExampleFiles &example, int version, int
     ExampleFiles files = example;
     const Configuration configuration{"", "", "255, 255, 255", "255, 255, 255"};
     const Scene scene = read_design(files, "scene", version);
-    Drawing drawing{
-        files, configuration, "colors.tab", {files, "out"   },
-           {files, "points"}
-    };
+    Drawing drawing(files, configuration, "colors.tab", "out", "points");
     for ([[maybe_unused]] auto _ : state)
         draw_object(drawing, scene, number, version);
     drawing.out.close();

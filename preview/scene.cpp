@@ -161,7 +161,8 @@ class Builder {
     void begin_object(int number, std::string name)
     {
         scene_.objects.back().end_vertex = scene_.vertices.size();
-        scene_.objects.push_back({number, std::move(name), line_, scene_.vertices.size(), 0, matrices_.current()});
+        scene_.objects.push_back(
+            {number, std::move(name), line_, scene_.vertices.size(), 0, matrices_.current()});
     }
 
     void place(const Statement &statement)
