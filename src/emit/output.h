@@ -122,7 +122,7 @@ class Output {
         char *const start = next_;
         const int flushes = flushes_;
         write();
-        const std::size_t size = static_cast<std::size_t>(next_ - start);
+        const auto size = static_cast<std::size_t>(next_ - start);
         if (flushes_ == flushes && size <= Capacity) {
             std::memcpy(kept.text_, start, size);
             kept.size_ = static_cast<std::uint16_t>(size);
