@@ -16,8 +16,8 @@ constexpr char separator = static_cast<char>(std::filesystem::path::preferred_se
 
 bool is_separator(char c)
 {
-    return c == '/' ||
-           c == separator; // NOLINT(misc-redundant-expression): one on some systems, two on others
+    // NOLINTNEXTLINE(misc-redundant-expression): one on some systems, two on others
+    return c == '/' || c == separator;
 }
 
 // The names in `folder` that `name` may mean: itself, then those that differ in case only, in byte order.
