@@ -35,13 +35,13 @@ void Faces::add_row(int count, const char *name, int slot, int first, int corner
         add(slot + i, name + (' ' + std::to_string(i + 1)), first + corners * i, corners);
 }
 
-void Faces::add_cap(const Row &cap, std::string_view codes)
+void Faces::add_cap(const Row &cap)
 {
     const std::size_t before = faces_.size();
     add(cap);
     if (cell(4) != 1)
         return;
-    codes = codes.substr(0, static_cast<std::size_t>(cap.corners));
+    const std::string_view codes = corner_names.substr(0, static_cast<std::size_t>(cap.corners));
     for (std::size_t i = before; i < faces_.size(); ++i) {
         std::vector<int> &positions = faces_[i].positions;
         const int first = positions.empty() ? 0 : positions.front();

@@ -29,7 +29,7 @@ class Faces {
     /// `count` faces whose slots and positions follow each other.
     void add_row(int count, const char *name, int slot, int first, int corners);
     /// The cap of an extruded polygon; the attributes of points name the corners of its triangles.
-    void add_cap(const Row &cap, std::string_view codes);
+    void add_cap(const Row &cap);
 
     std::vector<Face> take() { return std::move(faces_); }
 

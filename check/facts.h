@@ -36,6 +36,9 @@ struct Outline {
 };
 std::vector<Outline> outlines_of(const Kind &kind);
 
+/// How the attributes of points name the corners of an outline, from the first one on.
+inline constexpr std::string_view corner_names = "123456789ABCDEFGHIJK";
+
 /// How many corners an outline of the kind can have.
 int most_corners(const Kind &kind);
 

@@ -50,9 +50,8 @@ void extruded_polygon(Faces &faces)
 {
     const int n = corner_count(faces, 20);
     faces.add_row(n, "wall", 1, 41, 4);
-    constexpr std::string_view codes = "123456789ABCDEFGHIJK";
-    faces.add_cap({"bottom cap", n, 21, 121, 0, 0}, codes);
-    faces.add_cap({"top cap", n, 22, 141, 0, 0}, codes);
+    faces.add_cap({"bottom cap", n, 21, 121, 0, 0});
+    faces.add_cap({"top cap", n, 22, 141, 0, 0});
 }
 
 void two_sided_polygon(Faces &faces)
@@ -62,9 +61,8 @@ void two_sided_polygon(Faces &faces)
         const std::string name = "wall " + std::to_string(i);
         faces.add({name.c_str(), 4, i, 4 * i + 17, 12 + i, 4 * i + 57});
     }
-    constexpr std::string_view codes = "123456789A";
-    faces.add_cap({"bottom cap", n, 11, 101, 23, 121}, codes);
-    faces.add_cap({"top cap", n, 12, 111, 24, 131}, codes);
+    faces.add_cap({"bottom cap", n, 11, 101, 23, 121});
+    faces.add_cap({"top cap", n, 12, 111, 24, 131});
 }
 
 void hip_roof(Faces &faces)

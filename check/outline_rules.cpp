@@ -41,15 +41,15 @@ void outline_missing(const ObjectSeen &seen, const Say &say)
 // The codes of an outline's corners; empty when no cap is drawn as triangles.
 std::string_view corner_codes(const ObjectSeen &seen)
 {
-    constexpr std::string_view codes = "123456789ABCDEFGHIJK";
     if (seen.kind == nullptr || outlines_of(*seen.kind).empty() || seen.cell(4) != 1)
         return {};
     const bool has_cap = std::any_of(seen.faces.begin(), seen.faces.end(), [&](const Face &face) {
         return face.name.find("cap") != face.name.npos && seen.is_drawn(face.slot);
     });
     const double n = seen.cell(11);
-    return has_cap && n >= 3 && n <= most_corners(*seen.kind) ? codes.substr(0, static_cast<std::size_t>(n))
-                                                              : std::string_view();
+    return has_cap && n >= 3 && n <= most_corners(*seen.kind)
+               ? corner_names.substr(0, static_cast<std::size_t>(n))
+               : std::string_view();
 }
 
 void triangle_codes(const ObjectSeen &seen, const Say &say)

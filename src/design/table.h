@@ -40,9 +40,9 @@ template <typename Index> std::size_t place_in(Range range, Index index, const c
     return place;
 }
 
+template <typename T> inline constexpr T initial_value{};
 /// T() at an address that the compiler has to look up: it would not copy what it knows, but write small parts
 /// one by one.
-template <typename T> inline constexpr T initial_value{};
 template <typename T> inline const T *const volatile initial = &initial_value<T>;
 
 /// A table of T, addressed by any index that place_in takes. Errors of every access: index.
