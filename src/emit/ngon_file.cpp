@@ -67,21 +67,16 @@ std::span<const Corner> NgonFile::read()
     return written_;
 }
 
-std::string NgonFile::text() const
-{
-    std::string lines;
-    char line[4 * output::most_of_number];
-    for (const Corner &corner : written_)
-        lines.append(line, put_corner(line, layout_, corner));
-    return lines;
-}
-
 void NgonFile::settle()
 {
     if (!file_)
         return;
     const std::unique_ptr<OutputFile> settling = std::move(file_);
-    if (const std::string lines = text(); present_ && !lines.empty())
+    std::string lines;
+    char line[4 * output::most_of_number];
+    for (const Corner &corner : written_)
+        lines.append(line, put_corner(line, layout_, corner));
+    if (present_ && !lines.empty())
         settling->write(lines);
     settling->close();
     if (!present_)

@@ -52,8 +52,6 @@ class NgonFile {
     void settle();
 
   private:
-    std::string text() const;
-
     FileSystem &files_;
     std::string path_;
     std::unique_ptr<OutputFile> file_; // created and still empty; none before the first n-gon

@@ -127,40 +127,37 @@ namespace output {
 /// 309 digits before the point, or 326 characters in the general format.
 inline constexpr std::size_t most_of_number = 340;
 
-// The digits of 0 to 999: all three, zeros in front.
-inline constexpr auto three_digits = [] {
-    std::array<char[4], 1000> texts{};
-    for (std::size_t i = 0; i < 1000; ++i) {
-        texts[i][0] = static_cast<char>('0' + i / 100);
-        texts[i][1] = static_cast<char>('0' + i / 10 % 10);
-        texts[i][2] = static_cast<char>('0' + i % 10);
-    }
+constexpr void put_digits(char *text, int count, std::uint64_t number)
+{
+    for (; count > 0; number /= 10)
+        text[--count] = static_cast<char>('0' + number % 10);
+}
+
+// The texts of 0 to Size - 1, which `write` writes.
+template <std::size_t Size, std::size_t Width> constexpr auto texts_of(void (*write)(char *, std::uint64_t))
+{
+    std::array<char[Width], Size> texts{};
+    for (std::size_t i = 0; i < Size; ++i)
+        write(texts[i], i);
     return texts;
-}();
+}
+
+// The digits of 0 to 999: all three, zeros in front.
+inline constexpr auto three_digits =
+    texts_of<1000, 4>([](char *text, std::uint64_t i) { put_digits(text, 3, i); });
 
 // The digits of 0 to 999 without zeros in front; the last character is how many there are.
-inline constexpr auto short_digits = [] {
-    std::array<char[4], 1000> texts{};
-    for (std::size_t i = 0; i < 1000; ++i) {
-        const int count = i < 10 ? 1 : i < 100 ? 2 : 3;
-        for (int digit = 0; digit < count; ++digit)
-            texts[i][digit] = three_digits[i][3 - count + digit];
-        texts[i][3] = static_cast<char>(count);
-    }
-    return texts;
-}();
+inline constexpr auto short_digits = texts_of<1000, 4>([](char *text, std::uint64_t i) {
+    text[3] = i < 10 ? 1 : i < 100 ? 2 : 3;
+    put_digits(text, text[3], i);
+});
 
 // "0.00" to "1.00".
-inline constexpr auto hundredths = [] {
-    std::array<char[4], 101> texts{};
-    for (std::size_t i = 0; i <= 100; ++i) {
-        texts[i][0] = three_digits[i][0];
-        texts[i][1] = '.';
-        texts[i][2] = three_digits[i][1];
-        texts[i][3] = three_digits[i][2];
-    }
-    return texts;
-}();
+inline constexpr auto hundredths = texts_of<101, 4>([](char *text, std::uint64_t i) {
+    put_digits(text, 1, i / 100);
+    text[1] = '.';
+    put_digits(text + 2, 2, i);
+});
 
 /// The texture coordinate of a whole pixel position in millionths, rounded; 255 being odd, none is a tie.
 constexpr std::uint64_t texture_millionths(std::uint64_t pixel)
@@ -170,21 +167,13 @@ constexpr std::uint64_t texture_millionths(std::uint64_t pixel)
 
 // The texture coordinates of the pixel positions 0 to 255.
 constexpr std::size_t texture_width = 9;
-inline constexpr auto texture_texts = [] {
-    std::array<char[texture_width], 256> texts{};
-    for (std::size_t pixel = 0; pixel < 256; ++pixel) {
-        const std::uint64_t number = texture_millionths(pixel);
-        char *text = texts[pixel];
-        text[0] = static_cast<char>('0' + number / 1000000);
-        text[1] = '.';
-        for (int digit = 0; digit < 3; ++digit) {
-            text[2 + digit] = three_digits[number / 1000 % 1000][digit];
-            text[5 + digit] = three_digits[number % 1000][digit];
-        }
-        text[8] = 'f';
-    }
-    return texts;
-}();
+inline constexpr auto texture_texts = texts_of<256, texture_width>([](char *text, std::uint64_t pixel) {
+    const std::uint64_t number = texture_millionths(pixel);
+    put_digits(text, 1, number / 1000000);
+    text[1] = '.';
+    put_digits(text + 2, 6, number);
+    text[8] = 'f';
+});
 
 /// Writes `value` with `decimals` decimals, by way of its 15 significant digits. Errors: overflow.
 char *put_rounded(char *at, double value, int decimals);

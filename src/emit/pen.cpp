@@ -27,16 +27,6 @@ std::string_view Pen::texture_of(int face) const
     return object.codes(face)(1) == 'Y' ? trimmed(name) : std::string_view();
 }
 
-// Writes the lines that bind the texture of a face; false when the face is not textured.
-bool Pen::bind(int face)
-{
-    const std::string_view texture = texture_of(face);
-    if (texture.empty())
-        return false;
-    bind_lines(out(), texture);
-    return true;
-}
-
 // Writes the lines that open the block of a textured face; false when the face is not textured.
 template <typename Number> bool Pen::begin(int face, Number p1, Number p2, Number p3)
 {
@@ -80,46 +70,23 @@ void Pen::position(int slot)
     }
 }
 
-void Pen::triangle(FaceSlots slots, int p1, int p2, int p3)
-{
-    if (!begin(slots.face, p1, p2, p3))
-        return;
-    int slot = slots.positions + 2;
-    for (const int point : {p1, p2, p3}) {
-        position(slot--);
-        vertex(point);
-    }
-    end_line(out());
-}
-
-template <typename Number>
-void Pen::triangle(int face, const std::array<Number, 3> &points, const std::array<int, 3> &positions)
+template <typename Number, std::size_t Corners>
+void Pen::polygon(int face, const std::array<Number, Corners> &points,
+                  const std::array<int, Corners> &positions)
 {
     if (!begin(face, points[0], points[1], points[2]))
         return;
-    for (std::size_t i = 0; i < 3; ++i) {
+    for (std::size_t i = 0; i < Corners; ++i) {
         position(positions[i]);
         vertex(points[i]);
     }
     end_line(out());
 }
 
-template <typename Number> void Pen::quad(FaceSlots slots, const std::array<Number, 4> &points)
-{
-    if (!begin(slots.face, points[0], points[1], points[2]))
-        return;
-    int slot = slots.positions + 3;
-    for (const Number point : points) {
-        position(slot--);
-        vertex(point);
-    }
-    end_line(out());
-}
-
-template void Pen::triangle(int, const std::array<int, 3> &, const std::array<int, 3> &);
-template void Pen::triangle(int, const std::array<double, 3> &, const std::array<int, 3> &);
-template void Pen::quad(FaceSlots, const std::array<int, 4> &);
-template void Pen::quad(FaceSlots, const std::array<double, 4> &);
+template void Pen::polygon(int, const std::array<int, 3> &, const std::array<int, 3> &);
+template void Pen::polygon(int, const std::array<double, 3> &, const std::array<int, 3> &);
+template void Pen::polygon(int, const std::array<int, 4> &, const std::array<int, 4> &);
+template void Pen::polygon(int, const std::array<double, 4> &, const std::array<int, 4> &);
 
 void Pen::reversed_quad(FaceSlots slots, const std::array<double, 4> &points)
 {
@@ -159,8 +126,10 @@ void Pen::picture(FaceSlots slots, const std::array<int, 4> &points)
 
 void Pen::ngon(int face, bool reversed)
 {
-    if (!bind(face))
+    const std::string_view texture = texture_of(face);
+    if (texture.empty())
         return;
+    bind_lines(out(), texture);
     const std::span<const Corner> corners = to.ngon.read();
     begin_polygon_line(out());
     if (corners.size() >= 3)

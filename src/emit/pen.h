@@ -23,10 +23,10 @@ struct Drawing {
     std::string colour_table_path;
     Output out;
     NgonFile ngon;
-    Vertices vertices;
+    Vertices vertices = {};
     /// As the object before has left it, for the kinds that do not choose.
     Side side = outside;
-    std::optional<ColourTable> colour_table; // once it was read
+    std::optional<ColourTable> colour_table = {}; // once it was read
 
     /// The texture lines that were written last, by position slot.
     struct PositionLine {
@@ -34,15 +34,7 @@ struct Drawing {
         bool again = false; // a line that is written once is not worth keeping
         KeptLines<64> line = {};
     };
-    Table<PositionLine, point_numbers> position_lines{"point"};
-
-    /// Creates the output file. Errors: those of Output.
-    Drawing(FileSystem &all_files, const Configuration &all_settings, std::string colour_table_at,
-            const std::string &output_at, std::string ngon_at)
-        : files(all_files), configuration(all_settings), colour_table_path(std::move(colour_table_at)),
-          out(files, output_at), ngon(files, std::move(ngon_at))
-    {
-    }
+    Table<PositionLine, point_numbers> position_lines = Table<PositionLine, point_numbers>("point");
 
     /// The colour table, which the first call reads. Errors: those of read_colour_table.
     const ColourTable &colours();
@@ -98,15 +90,24 @@ struct Pen {
     // Errors of all of them: index for a slot or a point outside its table, overflow for points too large for
     // a normal, input_output.
 
-    /// Texture positions of the corners: slots positions + 2, + 1, + 0.
-    void triangle(FaceSlots slots, int p1, int p2, int p3);
+    /// A triangle or a quadrilateral whose corners name the slots of their texture positions.
+    template <typename Number, std::size_t Corners>
+    void polygon(int face, const std::array<Number, Corners> &points,
+                 const std::array<int, Corners> &positions);
 
-    /// A triangle whose corners name the slots of their positions.
-    template <typename Number>
-    void triangle(int face, const std::array<Number, 3> &points, const std::array<int, 3> &positions);
+    /// Texture positions of the corners: slots positions + 2, + 1, + 0.
+    void triangle(FaceSlots slots, int p1, int p2, int p3)
+    {
+        const auto [face, last] = slots;
+        polygon<int, 3>(face, {p1, p2, p3}, {last + 2, last + 1, last});
+    }
 
     /// Texture positions of the corners: slots positions + 3, + 2, + 1, + 0.
-    template <typename Number> void quad(FaceSlots slots, const std::array<Number, 4> &points);
+    template <typename Number> void quad(FaceSlots slots, const std::array<Number, 4> &points)
+    {
+        const auto [face, last] = slots;
+        polygon<Number, 4>(face, points, {last + 3, last + 2, last + 1, last});
+    }
 
     /// A quadrilateral turned round: corner i takes x and y from the i-th last point and z from the i-th,
     /// which turns a face that stands upright; the normal is that of the points in their order all the same.
@@ -132,7 +133,6 @@ struct Pen {
   private:
     void normal(const Vertex &a, const Vertex &b, const Vertex &c);
     std::string_view texture_of(int face) const;
-    bool bind(int face);
     template <typename Number> bool begin(int face, Number p1, Number p2, Number p3);
     void position(int slot);
 };

@@ -16,21 +16,15 @@ struct Basket {
 };
 
 // The points of the lowest ring that the ropes hang from.
-std::array<int, 4> rope_points(int ring_count)
-{
-    switch (ring_count) {
-    case 6:
-        return {1, 2, 4, 5};
-    case 8:
-        return {1, 3, 5, 7};
-    case 10:
-        return {2, 3, 7, 8};
-    case 12:
-        return {2, 4, 8, 10};
-    default:
-        return {4, 6, 14, 16};
-    }
-}
+constexpr struct {
+    int ring_count, points[4];
+} ropes[] = {
+    {6,  {1, 2, 4, 5}  },
+    {8,  {1, 3, 5, 7}  },
+    {10, {2, 3, 7, 8}  },
+    {12, {2, 4, 8, 10} },
+    {20, {4, 6, 14, 16}},
+};
 
 // Records the rings; returns the height of the highest.
 double record_rings(Pen &pen, Ring ring, double base)
@@ -58,15 +52,9 @@ void append_end_points(Pen &pen, double bottom, double top)
 void record_basket(Pen &pen, double base, double basket_height)
 {
     const Span edge = centred(pen.cell(16));
-    const struct {
-        double x, y;
-    } corners[] = {
-        {edge.high, edge.high},
-        {edge.high, edge.low },
-        {edge.low,  edge.low },
-        {edge.low,  edge.high},
-    };
-    for (const auto &[x, y] : corners) {
+    for (int corner = 0; corner < 4; ++corner) {
+        const double x = corner < 2 ? edge.high : edge.low,
+                     y = corner == 0 || corner == 3 ? edge.high : edge.low;
         pen.record(x, y, base);
         pen.record(x, y, base + basket_height);
     }
@@ -76,11 +64,11 @@ void draw_ropes(Pen &pen, const Basket &basket, Ring ring)
 {
     pen.out().line("glColor3ub( 255, 255, 255 ); ");
     begin_lines_line(pen.out());
-    int corner = 0;
-    for (const int point : rope_points(ring.count)) {
-        pen.vertex(point);
-        pen.vertex(basket.upper(corner++));
-    }
+    for (const auto &[count, points] : ropes)
+        for (int corner = 0; count == ring.count && corner < 4; ++corner) {
+            pen.vertex(points[corner]);
+            pen.vertex(basket.upper(corner));
+        }
     end_line(pen.out());
 }
 
@@ -97,7 +85,7 @@ void draw_cap_triangle(Pen &pen, Side side, int face, int position, int p1, int 
 {
     if (side == inside)
         std::swap(p1, p3);
-    pen.triangle<int>(face, {p1, p2, p3}, {position, position + 1, position + 2});
+    pen.polygon<int, 3>(face, {p1, p2, p3}, {position, position + 1, position + 2});
 }
 
 void draw_envelope(Pen &pen, Side side, int n, int bottom)

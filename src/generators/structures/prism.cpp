@@ -53,7 +53,7 @@ void Prism::draw_triangle_cap(const Cap &cap, std::string_view codes, bool oppos
             std::swap(points[0], points[2]);
         }
         const int before = cap.before_positions + 1;
-        pen.triangle(cap.face, points, {before + corners[0], before + corners[1], before + corners[2]});
+        pen.polygon(cap.face, points, {before + corners[0], before + corners[1], before + corners[2]});
     }
 }
 

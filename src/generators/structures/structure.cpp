@@ -103,31 +103,35 @@ Offsets corner_offsets(Pen &pen)
 
 using Corners = std::array<Vertex, corner_count>;
 
+// Corners 0 to 3: the cells of the edge lengths along x and y whose ends they are, and which ends. Those of
+// the corners above them follow four cells later.
+constexpr struct {
+    int length_x, length_y;
+    bool right, behind;
+} ends[] = {
+    {1, 4, false, false},
+    {1, 2, true,  false},
+    {3, 2, true,  true },
+    {3, 4, false, true },
+};
+
 Corners corners(Pen &pen)
 {
-    const Span front_x = centred(pen.cell(1)), right_y = centred(pen.cell(2)), back_x = centred(pen.cell(3)),
-               left_y = centred(pen.cell(4));
-    const Span front_top_x = centred(pen.cell(5)), right_top_y = centred(pen.cell(6)),
-               back_top_x = centred(pen.cell(7)), left_top_y = centred(pen.cell(8));
     const double lean_x = pen.cell(32), lean_y = pen.cell(33), ground = pen.cell(58), height = pen.cell(9);
     const Shifts shift = edge_shifts(pen);
-    const auto [e, f, h] = corner_offsets(pen);
-    return {
-        {
-         {front_x.low + e[0] + shift.front, left_y.low + f[0] + shift.left, ground + h[0]},
-         {front_x.high + e[1] + shift.front, right_y.low + f[1] + shift.right, ground + h[1]},
-         {back_x.high + e[2] + shift.back, right_y.high + f[2] + shift.right, ground + h[2]},
-         {back_x.low + e[3] + shift.back, left_y.high + f[3] + shift.left, ground + h[3]},
-         {front_top_x.low + lean_x + shift.front, left_top_y.low + lean_y + shift.left,
-             ground + height + h[4]},
-         {front_top_x.high + lean_x + shift.front, right_top_y.low + lean_y + shift.right,
-             ground + height + h[5]},
-         {back_top_x.high + lean_x + shift.back, right_top_y.high + lean_y + shift.right,
-             ground + height + h[6]},
-         {back_top_x.low + lean_x + shift.back, left_top_y.high + lean_y + shift.left,
-             ground + height + h[7]},
-         }
-    };
+    const Offsets offset = corner_offsets(pen);
+    Corners solid;
+    for (std::size_t i = 0; i < solid.size(); ++i) {
+        const bool upper = i >= std::size(ends);
+        const auto [length_x, length_y, right, behind] = ends[i % std::size(ends)];
+        const Span x = centred(pen.cell(upper ? length_x + 4 : length_x));
+        const Span y = centred(pen.cell(upper ? length_y + 4 : length_y));
+        solid[i] = {
+            (right ? x.high : x.low) + (upper ? lean_x : offset.x[i]) + (behind ? shift.back : shift.front),
+            (behind ? y.high : y.low) + (upper ? lean_y : offset.y[i]) + (right ? shift.right : shift.left),
+            (upper ? ground + height : ground) + offset.height[i]};
+    }
+    return solid;
 }
 
 bool lower_is_wider(Pen &pen, const Wall &wall)
@@ -140,27 +144,14 @@ bool is_straight(Pen &pen, const Wall &wall)
     return pen.cell(wall.lower_length) != pen.cell(wall.upper_length) && pen.is_true(wall.straight_switch);
 }
 
-// Records the point under (or over) the end `narrow` of a wall's narrower edge, on the level of its wider
-// edge.
-void record_extra_point(Pen &pen, const Wall &wall, const Vertex &narrow, const Vertex &wide)
-{
-    if (wall.along_x)
-        pen.record(narrow.x, wide.y, wide.z);
-    else
-        pen.record(wide.x, narrow.y, wide.z);
-}
-
+// Records the points under (or over) the ends of a wall's narrower edge, on the level of its wider edge.
 void record_extra_points(Pen &pen, const Wall &wall, const Corners &solid)
 {
-    const auto corner = [&](int point) { return solid[static_cast<std::size_t>(point)]; };
-    const Vertex la = corner(wall.la()), ha = corner(wall.ha()), hb = corner(wall.hb()),
-                 lb = corner(wall.lb());
-    if (lower_is_wider(pen, wall)) {
-        record_extra_point(pen, wall, ha, la);
-        record_extra_point(pen, wall, hb, lb);
-    } else {
-        record_extra_point(pen, wall, la, ha);
-        record_extra_point(pen, wall, lb, hb);
+    const bool narrows = lower_is_wider(pen, wall);
+    for (const auto &[lower, higher] : {std::pair(wall.la(), wall.ha()), std::pair(wall.lb(), wall.hb())}) {
+        const Vertex &narrow = solid[static_cast<std::size_t>(narrows ? higher : lower)];
+        const Vertex &wide = solid[static_cast<std::size_t>(narrows ? lower : higher)];
+        pen.record(wall.along_x ? narrow.x : wide.x, wall.along_x ? wide.y : narrow.y, wide.z);
     }
 }
 
@@ -180,7 +171,7 @@ void draw_straight_wall(Pen &pen, Side side, const Wall &wall, int ea)
     const auto triangle = [&, slot = face](int p1, int p2, int p3, int position) {
         if (side == outside)
             std::swap(p1, p3);
-        pen.triangle<int>(slot, {p1, p2, p3}, {position, position + 1, position + 2});
+        pen.polygon<int, 3>(slot, {p1, p2, p3}, {position, position + 1, position + 2});
     };
     if (lower_is_wider(pen, wall))
         rectangle(ea, wall.ha(), wall.hb(), eb);
