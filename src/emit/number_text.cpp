@@ -112,7 +112,7 @@ char *put_beyond_texture(char *at, double pixel)
     return at + 1;
 }
 
-char *put(char *at, GeneralText text)
+char *put(char *at, NumberText<Form::general> text)
 {
     const double value = require_finite(text.value) + 0.0; // no sign for zero
     if (std::abs(value) < 1e9 && value == std::trunc(value))
@@ -124,7 +124,7 @@ char *put(char *at, GeneralText text)
     return end;
 }
 
-char *put(char *at, SpacedText text)
+char *put(char *at, NumberText<Form::spaced> text)
 {
     if (text.value >= 0)
         *at++ = ' ';

@@ -24,19 +24,9 @@ template <int Decimals> struct Pattern {
 template <int Decimals> struct AgainPattern {
     double value;
 };
-struct TwoDigits {
-    int value;
-};
-struct BlankPattern {
-    double value;
-};
-struct TextureText {
-    double pixel; // whole
-};
-struct GeneralText {
-    double value;
-};
-struct SpacedText {
+/// A value in a form of its own.
+enum class Form { two_digits, blank_whole, texture, general, spaced };
+template <Form> struct NumberText {
     double value;
 };
 struct HexText {
@@ -57,13 +47,13 @@ constexpr Pattern<6> p6(double x)
 }
 
 /// "00": a whole number of at least two digits, 0 to 999.
-constexpr TwoDigits p00(int x)
+constexpr NumberText<Form::two_digits> p00(double x)
 {
     return {x};
 }
 
 /// " 0": a blank, then a whole number.
-constexpr BlankPattern blank_p0(double x)
+constexpr NumberText<Form::blank_whole> blank_p0(double x)
 {
     return {x};
 }
@@ -81,13 +71,13 @@ constexpr AgainPattern<4> p4(Pattern<6> text)
 
 /// The general format: the shortest text that reads back as the same number, with an exponent (1E+15) from a
 /// magnitude of 1e15 on.
-constexpr GeneralText general(double x)
+constexpr NumberText<Form::general> general(double x)
 {
     return {x};
 }
 
 /// A number converted to text: the general format, with a blank before a value of zero or more.
-constexpr SpacedText spaced(double x)
+constexpr NumberText<Form::spaced> spaced(double x)
 {
     return {x};
 }
@@ -108,12 +98,12 @@ constexpr HexText two_digit_hex(HexText text)
 /// Texture coordinate of a pixel position, whose whole part counts: 0 to 255 become 0 to 1 with texture_u
 /// and, the vertical axis being flipped, 1 to 0 with texture_v. Nothing is clamped. Six decimals and the
 /// letter f.
-inline TextureText texture_u(double x)
+inline NumberText<Form::texture> texture_u(double x)
 {
     return {std::floor(x)};
 }
 
-inline TextureText texture_v(double x)
+inline NumberText<Form::texture> texture_v(double x)
 {
     return {255 - std::floor(x)};
 }
@@ -183,8 +173,8 @@ char *put_again(char *at, double value, int decimals);
 /// Writes the texture coordinate of a whole pixel position outside 0 to 255. Errors: overflow.
 char *put_beyond_texture(char *at, double pixel);
 
-char *put(char *at, GeneralText text);
-char *put(char *at, SpacedText text);
+char *put(char *at, NumberText<Form::general> text);
+char *put(char *at, NumberText<Form::spaced> text);
 char *put(char *at, HexText text);
 
 /// Writes the last three digits of a number.
@@ -217,14 +207,14 @@ inline char *put(char *at, Pattern<0> text)
     return put_rounded(at, text.value, 0);
 }
 
-inline char *put(char *at, TwoDigits text)
+inline char *put(char *at, NumberText<Form::two_digits> text)
 {
     if (text.value < 10)
         *at++ = '0';
     return put_whole(at, static_cast<unsigned>(text.value));
 }
 
-inline char *put(char *at, BlankPattern text)
+inline char *put(char *at, NumberText<Form::blank_whole> text)
 {
     *at = ' ';
     return put(at + 1, p0(text.value));
@@ -250,13 +240,13 @@ template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
     return put_again(at, text.value, Decimals);
 }
 
-inline char *put(char *at, TextureText text)
+inline char *put(char *at, NumberText<Form::texture> text)
 {
-    if (text.pixel >= 0 && text.pixel <= 255) [[likely]] {
-        std::memcpy(at, texture_texts[static_cast<std::size_t>(text.pixel)], texture_width);
+    if (text.value >= 0 && text.value <= 255) [[likely]] {
+        std::memcpy(at, texture_texts[static_cast<std::size_t>(text.value)], texture_width);
         return at + texture_width;
     }
-    return put_beyond_texture(at, text.pixel);
+    return put_beyond_texture(at, text.value);
 }
 
 template <typename NumberText>

@@ -23,10 +23,10 @@ struct Drawing {
     std::string colour_table_path;
     Output out;
     NgonFile ngon;
-    Vertices vertices = {};
+    Vertices vertices;
     /// As the object before has left it, for the kinds that do not choose.
     Side side = outside;
-    std::optional<ColourTable> colour_table = {}; // once it was read
+    std::optional<ColourTable> colour_table; // once it was read
 
     /// The texture lines that were written last, by position slot.
     struct PositionLine {
@@ -34,7 +34,15 @@ struct Drawing {
         bool again = false; // a line that is written once is not worth keeping
         KeptLines<64> line = {};
     };
-    Table<PositionLine, point_numbers> position_lines = Table<PositionLine, point_numbers>("point");
+    Table<PositionLine, point_numbers> position_lines{"point"};
+
+    /// Creates the output file. Errors: those of Output.
+    Drawing(FileSystem &all_files, const Configuration &all_settings, std::string colour_table_at,
+            const std::string &output_at, std::string ngon_at)
+        : files(all_files), configuration(all_settings), colour_table_path(std::move(colour_table_at)),
+          out(files, output_at), ngon(files, std::move(ngon_at))
+    {
+    }
 
     /// The colour table, which the first call reads. Errors: those of read_colour_table.
     const ColourTable &colours();

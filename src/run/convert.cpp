@@ -56,8 +56,7 @@ std::unique_ptr<Drawing> begin_drawing(FileSystem &files, const Configuration &c
             refuse_link(*written, input);
     refuse_link(ngon, output);
     // Its tables are too large for a small stack.
-    return std::unique_ptr<Drawing>(new Drawing{files, configuration, inputs[2].path,
-                                                Output(files, output.path), NgonFile(files, ngon.path)});
+    return std::make_unique<Drawing>(files, configuration, inputs[2].path, output.path, ngon.path);
 }
 
 double scale(std::string_view scale_level)

@@ -40,14 +40,6 @@ void record_points(Pen &pen, double count, bool upright)
     }
 }
 
-void draw_triangle(Pen &pen, int p1, int p2, int p3)
-{
-    begin_polygon_line(pen.out());
-    for (const int point : {p1, p2, p3})
-        pen.vertex(point);
-    end_line(pen.out());
-}
-
 // The drawing so far. The points are counted again, from the runs alone: a first point that starts no run was
 // recorded as point 0, and counts as 1 here.
 struct Fan {
@@ -58,8 +50,8 @@ struct Fan {
     void draw_pairs(int p1, int p2, int p3) const
     {
         for (int time = 0; time < (doubled ? 2 : 1); ++time) {
-            draw_triangle(pen, p1, p2, p3);
-            draw_triangle(pen, p3, p2, p1);
+            draw_plain_polygon(pen, std::array{p1, p2, p3});
+            draw_plain_polygon(pen, std::array{p3, p2, p1});
         }
     }
 

@@ -34,40 +34,39 @@ bool has_railing(Pen &pen)
     return !is_lying(pen) && pen.cell(6) > 0;
 }
 
-void record_upright(Pen &pen, const Cylinder &cylinder)
+void record_ring(Pen &pen, Ring ring, double radius, double at)
 {
-    const double base = pen.cell(58), beyond2 = pen.cell(1), between = pen.cell(2), beyond1 = pen.cell(3);
-    const auto record_ring = [&](double diameter, double z) {
-        for (int i = 0; i < cylinder.ring.count; ++i) {
-            const int angle = cylinder.ring.angle(i);
-            pen.record(diameter / 2 * sine(angle), diameter / 2 * cosine(angle), z);
-        }
-    };
-    pen.record(0, 0, base + beyond2 + between + beyond1);
-    pen.record(0, 0, base);
-    record_ring(pen.cell(4), base + beyond1);
-    if (cylinder.has_ring2)
-        record_ring(pen.cell(5), base + beyond1 + between);
-    if (has_railing(pen))
-        record_ring(pen.cell(5), base + between + beyond1 + pen.cell(6));
+    const bool lying = is_lying(pen);
+    const double base = pen.cell(58);
+    for (int i = 0; i < ring.count; ++i) {
+        const double x = radius * sine(ring.angle(i)), across = radius * cosine(ring.angle(i));
+        if (lying)
+            pen.record(x, at, base + radius + across);
+        else
+            pen.record(x, across, at);
+    }
 }
 
-// The ends lie in the planes of their rings.
-void record_lying(Pen &pen, const Cylinder &cylinder)
+void record_points(Pen &pen, const Cylinder &cylinder)
 {
-    const double base = pen.cell(58), radius1 = pen.cell(4) / 2, radius2 = pen.cell(5) / 2;
-    const double y1 = -pen.cell(3) - pen.cell(2) / 2, y2 = pen.cell(1) + pen.cell(2) / 2;
-    const auto record_ring = [&](double radius, double y) {
-        for (int i = 0; i < cylinder.ring.count; ++i) {
-            const int angle = cylinder.ring.angle(i);
-            pen.record(radius * sine(angle), y, base + radius + radius * cosine(angle));
-        }
-    };
-    pen.record(0, y2, base + radius2);
-    pen.record(0, y1, base + radius1);
-    record_ring(radius1, y1);
+    const double base = pen.cell(58), beyond2 = pen.cell(1), between = pen.cell(2), beyond1 = pen.cell(3);
+    const double radius1 = pen.cell(4) / 2, radius2 = pen.cell(5) / 2;
+    double ring1_at = base + beyond1, ring2_at = base + beyond1 + between;
+    if (is_lying(pen)) {
+        // The ends lie in the planes of their rings.
+        ring1_at = -beyond1 - between / 2;
+        ring2_at = beyond2 + between / 2;
+        pen.record(0, ring2_at, base + radius2);
+        pen.record(0, ring1_at, base + radius1);
+    } else {
+        pen.record(0, 0, base + beyond2 + between + beyond1);
+        pen.record(0, 0, base);
+    }
+    record_ring(pen, cylinder.ring, radius1, ring1_at);
     if (cylinder.has_ring2)
-        record_ring(radius2, y2);
+        record_ring(pen, cylinder.ring, radius2, ring2_at);
+    if (has_railing(pen))
+        record_ring(pen, cylinder.ring, radius2, base + between + beyond1 + pen.cell(6));
 }
 
 void draw_railing(Pen &pen, const Cylinder &cylinder)
@@ -120,11 +119,7 @@ void draw_cylinder(Pen &pen)
     const bool has_ring2 = pen.cell(2) > 0;
     const int ring2 = has_ring2 ? ring1 + ring.count : ring1;
     const Cylinder cylinder{ring, has_ring2, ring2, ring2 + ring.count};
-    if (is_lying(pen))
-        record_lying(pen, cylinder);
-    else
-        record_upright(pen, cylinder);
-
+    record_points(pen, cylinder);
     if (has_railing(pen))
         draw_railing(pen, cylinder);
     if (pen.is_true(12)) {

@@ -63,10 +63,7 @@ void draw_segment(Pen &pen, double j)
     const double lower = corners * (j - 1), upper = corners * j;
     for (const int c : {1, 2, 3, 0}) {
         const int d = next(c, corners);
-        begin_polygon_line(pen.out());
-        for (const double point : {lower + c, upper + c, upper + d, lower + d})
-            pen.vertex(point);
-        end_line(pen.out());
+        draw_plain_polygon(pen, std::array{lower + c, upper + c, upper + d, lower + d});
     }
 }
 

@@ -61,11 +61,10 @@ void begin_side(Pen &pen, bool upper)
         corner(3, ub, vb);
         corner(2, ub, va);
         corner(1, ua, va);
-        normal_line(pen.out(), 0, 0, 1);
-        corner(0, ua, vb);
-    } else {
-        normal_line(pen.out(), 0, 0, -1);
-        corner(0, ua, vb);
+    }
+    normal_line(pen.out(), 0, 0, upper ? 1 : -1);
+    corner(0, ua, vb);
+    if (!upper) {
         corner(1, ua, va);
         corner(2, ub, va);
         corner(3, ub, vb);

@@ -33,28 +33,24 @@ Rings record_rings(Pen &pen, Ring ring)
     return {0, ring.count, 2 * ring.count, 3 * ring.count};
 }
 
-void open_disc(Pen &pen)
-{
-    pen.to.ngon.open(NgonLayout::cap);
-    pen.out().line("glColor3ub( ", pen.to.configuration.colour_outside, " );");
-}
-
-void add_disc_corner(Pen &pen, double point, double slot)
-{
-    const Point &at = pen.object.points(slot);
-    pen.to.ngon.add({point, static_cast<double>(at.x), 255.0 - at.y});
-}
-
 void draw_discs(Pen &pen, double segments)
 {
-    open_disc(pen);
+    NgonFile &ngon = pen.to.ngon;
+    const auto open = [&] {
+        ngon.open(NgonLayout::cap);
+        pen.out().line("glColor3ub( ", pen.to.configuration.colour_outside, " );");
+    };
+    const auto add = [&](double point, double slot) {
+        const Point &at = pen.object.points(slot);
+        ngon.add({point, static_cast<double>(at.x), 255.0 - at.y});
+    };
+    open();
     for (double j = 1; j <= segments; ++j)
-        add_disc_corner(pen, j - 1, 50 + j);
+        add(j - 1, 50 + j);
     pen.ngon(2);
-
-    open_disc(pen);
+    open();
     for (double j = segments; j >= 1; --j)
-        add_disc_corner(pen, segments + j - 1, 70 + j);
+        add(segments + j - 1, 70 + j);
     pen.ngon(3);
 }
 

@@ -14,18 +14,6 @@ constexpr Cap caps[] = {
     {top,    22, 140},
 };
 
-void record_outline(const Prism &prism, int before, double flat_z, double upright_y)
-{
-    Pen &pen = prism.pen;
-    for (double j = 1; j <= prism.n; ++j) {
-        const Point &corner = pen.object.points(j + before);
-        if (prism.flat)
-            pen.record(corner.x, corner.y, flat_z);
-        else
-            pen.record(corner.x, upright_y, pen.cell(58) + corner.y);
-    }
-}
-
 } // namespace
 
 void draw_extruded_polygon(Pen &pen)
@@ -33,8 +21,8 @@ void draw_extruded_polygon(Pen &pen)
     const Prism prism{pen};
     const double ground = pen.cell(58), height = pen.cell(2);
     const Span thickness = centred(height);
-    record_outline(prism, 0, ground, thickness.low);
-    record_outline(prism, before_top_outline, ground + height, thickness.high);
+    prism.record_outline(0, ground, thickness.low);
+    prism.record_outline(before_top_outline, ground + height, thickness.high);
 
     const bool reversed = prism.turns_clockwise();
     pen.choose_side(outside);

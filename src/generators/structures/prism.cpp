@@ -4,6 +4,17 @@
 
 namespace marlogl {
 
+void Prism::record_outline(int before, double z, double y, double shift, double lift) const
+{
+    for (double j = 1; j <= n; ++j) {
+        const Point &corner = pen.object.points(j + before);
+        if (flat)
+            pen.record(corner.x, corner.y, z);
+        else
+            pen.record(corner.x + shift, y, pen.cell(58) + corner.y + lift);
+    }
+}
+
 std::array<double, 4> Prism::wall_points(double i) const
 {
     if (i < n)

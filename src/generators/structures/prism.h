@@ -23,6 +23,10 @@ struct Prism {
     double n = pen.cell(11);
     bool flat = pen.cell(13) == 0; // else the outline stands upright
 
+    /// Records the outline whose corners stand in the slots after `before`: a flat one on the level `z`, an
+    /// upright one behind `y`, moved by `shift` along x and up by `lift`.
+    void record_outline(int before, double z, double y, double shift = 0, double lift = 0) const;
+
     /// The points of wall `i`, 1 to n: counter-clockwise for a viewer outside when a flat outline runs
     /// counter-clockwise seen from above.
     std::array<double, 4> wall_points(double i) const;

@@ -20,34 +20,19 @@ constexpr FaceSlots before_walls[] = {
     {0,  17}
 };
 
-// Records an upright outline, moved along x where the object's direction (cell 18) is `back` or `forth`, and
-// lifted where cell 19 is `lifted`.
-void record_upright(const Prism &prism, int before, double y, double back, double forth, double lifted)
-{
-    Pen &pen = prism.pen;
-    const double direction = pen.cell(18), amount = pen.cell(16);
-    const double shift = direction == back ? -amount : direction == forth ? amount : 0;
-    const double lift = pen.cell(19) == lifted ? pen.cell(17) : 0;
-    for (double j = 1; j <= prism.n; ++j) {
-        const Point &corner = pen.object.points(j + before);
-        pen.record(corner.x + shift, y, pen.cell(58) + corner.y + lift);
-    }
-}
-
 void record_outlines(const Prism &prism)
 {
     Pen &pen = prism.pen;
-    const double ground = pen.cell(58), height = pen.cell(2);
-    if (!prism.flat) {
-        const Span thickness = centred(height);
-        record_upright(prism, 0, thickness.low, 0, 1, 0);
-        record_upright(prism, before_top_outline, thickness.high, 2, 3, 1);
-        return;
-    }
-    for (double j = 1; j <= prism.n; ++j) {
-        const Point &corner = pen.object.points(j);
-        pen.record(corner.x, corner.y, ground);
-    }
+    const double ground = pen.cell(58), height = pen.cell(2), direction = pen.cell(18), amount = pen.cell(16);
+    const Span thickness = centred(height);
+    // How an upright outline is moved along x, and lifted, by its numbers in cells 18 and 19.
+    const auto shift = [&](double back, double forth) {
+        return direction == back ? -amount : direction == forth ? amount : 0;
+    };
+    const auto lift = [&](double lifted) { return pen.cell(19) == lifted ? pen.cell(17) : 0; };
+    prism.record_outline(0, ground, thickness.low, shift(0, 1), lift(0));
+    if (!prism.flat)
+        return prism.record_outline(before_top_outline, 0, thickness.high, shift(2, 3), lift(1));
     for (double j = 1; j <= prism.n; ++j) {
         const Point &corner = pen.object.points(j + before_top_outline);
         pen.record(corner.x, corner.y, ground + height + pen.cell(45 + j));
