@@ -3,8 +3,6 @@
 #include "host/lines.h"
 #include "host/paths.h"
 
-#include <string>
-
 namespace marlogl {
 
 std::string colour_table_path(FileSystem &files, const std::string &folder)

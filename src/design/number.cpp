@@ -4,9 +4,7 @@
 #include "design/text.h"
 
 #include <charconv>
-#include <limits>
 #include <optional>
-#include <string>
 
 namespace marlogl {
 

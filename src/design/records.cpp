@@ -1,7 +1,5 @@
 #include "design/records.h"
 
-#include <algorithm>
-
 namespace marlogl {
 
 namespace {

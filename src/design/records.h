@@ -3,7 +3,6 @@
 
 #include "design/scene.h"
 
-#include <array>
 #include <span>
 
 namespace marlogl {

@@ -4,8 +4,6 @@
 #include "design/table.h"
 #include "design/text.h"
 
-#include <cstdint>
-#include <string>
 #include <vector>
 
 namespace marlogl {

@@ -5,8 +5,6 @@
 #include "design/number.h"
 
 #include <array>
-#include <bit>
-#include <cstdint>
 #include <type_traits>
 
 namespace marlogl {

@@ -3,9 +3,6 @@
 
 #include "emit/pen.h"
 
-#include <string>
-#include <string_view>
-
 namespace marlogl {
 
 /// A kind of object: its name in the manual, its type code in either version, and what draws it.

@@ -2,8 +2,6 @@
 #pragma once
 
 #include "design/colour_table.h"
-#include "design/text.h"
-#include "emit/output.h"
 #include "emit/vertices.h"
 
 namespace marlogl {

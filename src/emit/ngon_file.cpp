@@ -2,8 +2,6 @@
 
 #include "emit/output.h"
 
-#include <utility>
-
 namespace marlogl {
 
 namespace {

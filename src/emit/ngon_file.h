@@ -6,11 +6,8 @@
 #include "design/table.h"
 #include "host/file_system.h"
 
-#include <memory>
 #include <span>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace marlogl {
 

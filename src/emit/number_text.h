@@ -5,9 +5,6 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
-#include <cstring>
-#include <string_view>
 
 namespace marlogl {
 

@@ -6,11 +6,6 @@
 #include "emit/number_text.h"
 #include "host/file_system.h"
 
-#include <cstring>
-#include <memory>
-#include <string>
-#include <string_view>
-
 namespace marlogl {
 
 namespace output {

@@ -108,17 +108,10 @@ void Pen::picture(FaceSlots slots, const std::array<int, 4> &points)
 {
     if (!begin(slots.face, points[0], points[1], points[2]))
         return;
-    constexpr struct {
-        int u, v;
-    } corners[] = {
-        {0, 3},
-        {0, 1},
-        {2, 1},
-        {2, 3}
-    };
+    constexpr int u[] = {0, 0, 2, 2}, v[] = {3, 1, 1, 3};
     for (std::size_t i = 0; i < 4; ++i) {
         const auto edge = [&](int slot) { return object.points(slots.positions + slot).x; };
-        texture_line(out(), edge(corners[i].u), edge(corners[i].v));
+        texture_line(out(), edge(u[i]), edge(v[i]));
         vertex(points[i]);
     }
     end_line(out());

@@ -6,9 +6,7 @@
 #include "design/scene.h"
 #include "emit/lines.h"
 #include "emit/ngon_file.h"
-#include "emit/vertices.h"
 
-#include <array>
 #include <optional>
 
 namespace marlogl {

@@ -1,7 +1,5 @@
 #include "generators/figures.h"
 
-#include <algorithm>
-
 namespace marlogl {
 
 void record_rectangle(Pen &pen, Span x, Span y, double z)
@@ -14,15 +12,10 @@ void record_rectangle(Pen &pen, Span x, Span y, double z)
 
 Ring selected_ring(double selector)
 {
-    constexpr Ring rings[] = {
-        {6,  60},
-        {8,  45},
-        {10, 36},
-        {12, 30},
-    };
+    constexpr int counts[] = {6, 8, 10, 12};
     for (int i = 0; i < 4; ++i)
         if (selector == i)
-            return rings[i];
+            return {counts[i], 360 / counts[i]};
     return {20, 18};
 }
 

@@ -1,11 +1,8 @@
-// The figures that drawing functions share.
+// What drawing functions have before them: their own declarations, and the figures that they share.
 #pragma once
 
 #include "emit/angles.h"
-#include "emit/pen.h"
-
-#include <array>
-#include <span>
+#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -5,7 +5,6 @@
 
 #include <limits>
 #include <map>
-#include <string>
 
 namespace marlogl {
 

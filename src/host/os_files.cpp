@@ -45,6 +45,7 @@ template <typename... Numbers> std::string bytes_of(Numbers... numbers)
 #ifdef _WIN32
 
 using Count = unsigned int; // of read and write
+constexpr char null_device[] = "NUL";
 
 fs::path native(const std::string &path)
 {
@@ -94,11 +95,6 @@ std::string identity_of(const std::string &path, std::error_code &failed)
     return {};
 }
 
-void open_null_device()
-{
-    _wopen(L"NUL", O_RDWR | O_BINARY);
-}
-
 void prepare_signals() {}
 
 // Messages are the same bytes everywhere, too.
@@ -110,6 +106,7 @@ void prepare_descriptor(int descriptor)
 #else
 
 using Count = std::size_t;
+constexpr char null_device[] = "/dev/null";
 
 fs::path native(const std::string &path)
 {
@@ -152,11 +149,6 @@ std::string identity_of(const std::string &path, std::error_code &failed)
         return bytes_of(known.st_dev, known.st_ino);
     failed.assign(errno, std::generic_category());
     return {};
-}
-
-void open_null_device()
-{
-    [[maybe_unused]] const int descriptor = ::open("/dev/null", O_RDWR);
 }
 
 void prepare_signals()
@@ -362,7 +354,9 @@ void prepare_process()
     for (int descriptor = 0; descriptor <= 2; ++descriptor) {
         struct stat status;
         if (::fstat(descriptor, &status) != 0 && errno == EBADF)
-            open_null_device(); // as this descriptor, the lowest that is free: those below it are open by now
+            open_descriptor(
+                null_device,
+                O_RDWR); // as this descriptor, the lowest that is free: those below it are open by now
         prepare_descriptor(descriptor);
     }
 }

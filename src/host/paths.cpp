@@ -1,9 +1,7 @@
 #include "host/paths.h"
 
 #include "base/letters.h"
-#include "host/file_system.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <utility>
@@ -46,9 +44,7 @@ class Search {
     // The first existing path that the spelled path `rest` leads to from `start`, else an empty text.
     std::string find(const std::string &start, std::string_view rest)
     {
-        std::vector<Found> found{
-            {start, ""}
-        };
+        std::vector<Found> found(1, {start, ""});
         while (!found.empty()) {
             const auto name = std::find_if_not(rest.begin(), rest.end(), is_separator);
             const auto end = std::find_if(name, rest.end(), is_separator);

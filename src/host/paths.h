@@ -3,9 +3,6 @@
 
 #include "host/file_system.h"
 
-#include <string>
-#include <string_view>
-
 namespace marlogl {
 
 /// `path` with the system's separators: where that is "/", each "\" stands for it.

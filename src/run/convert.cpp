@@ -1,13 +1,9 @@
 #include "run/convert.h"
 
 #include "base/letters.h"
-#include "base/run_error.h"
 #include "design/reader.h"
 #include "dispatch/dispatch.h"
 #include "host/paths.h"
-
-#include <cmath>
-#include <memory>
 
 namespace marlogl {
 

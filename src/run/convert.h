@@ -4,8 +4,6 @@
 #include "design/configuration.h"
 #include "host/file_system.h"
 
-#include <string_view>
-
 namespace marlogl {
 
 /// The version of a design file, 1 or 2, by the last three characters of its path; 0 when that is no design

@@ -8,9 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <exception>
-#include <memory>
 #include <new>
-#include <string>
 
 namespace marlogl {
 

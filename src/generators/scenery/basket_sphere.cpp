@@ -1,6 +1,5 @@
 // Sphere with basket: an envelope of seven rings, and a square basket on four ropes below it.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,6 +1,5 @@
 // Beam: runs of points, each drawn as a fan of triangles around its apex, seen from both sides.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 
@@ -15,16 +14,11 @@ struct BeamPoint {
     bool skips_closing() const { return at.attribute(4) == 'V'; }
 };
 
-BeamPoint beam_point(Pen &pen, double i)
-{
-    return {pen.object.points(i)};
-}
-
 void record_points(Pen &pen, double count, bool upright)
 {
     const double base = pen.cell(58), offset = pen.cell(2), rise = pen.cell(5);
     for (double i = 1; i <= count; ++i) {
-        const BeamPoint point = beam_point(pen, i);
+        const BeamPoint point{pen.object.points(i)};
         if (!point.takes_part())
             continue;
         const double px = point.at.x, py = point.at.y;
@@ -75,7 +69,7 @@ void draw_beam(Pen &pen)
     bool open = false;
     int length = 0;
     for (double i = 1; i <= count; ++i) {
-        const BeamPoint point = beam_point(pen, i);
+        const BeamPoint point{pen.object.points(i)};
         if (!point.takes_part())
             continue;
         if (point.starts_run()) {
@@ -95,7 +89,7 @@ void draw_beam(Pen &pen)
             fan.previous = fan.last;
         }
     }
-    if (!beam_point(pen, count).skips_closing())
+    if (!BeamPoint{pen.object.points(count)}.skips_closing())
         fan.close();
 }
 

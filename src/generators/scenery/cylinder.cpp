@@ -1,10 +1,8 @@
 // Capped cylinder: two rings joined by sides, closed by a fan to a point at each end; upright with a railing
 // and lights if wanted, or lying along y.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 #include <numeric>
-#include <vector>
 
 namespace marlogl {
 
@@ -18,11 +16,6 @@ struct Cylinder {
     bool has_ring2;
     int ring2, railing; // first points; without a ring 2, ring 1 stands for it
 };
-
-Ring cylinder_ring(double selector)
-{
-    return selector == 5 ? Ring{9, 40} : selected_ring(selector);
-}
 
 bool is_lying(Pen &pen)
 {
@@ -115,7 +108,7 @@ void draw_cylinder(Pen &pen)
 {
     const bool has_lights = pen.cell(31) == 1;
     pen.short_coordinates = has_lights;
-    const Ring ring = cylinder_ring(pen.cell(7));
+    const Ring ring = pen.cell(7) == 5 ? Ring{9, 40} : selected_ring(pen.cell(7));
     const bool has_ring2 = pen.cell(2) > 0;
     const int ring2 = has_ring2 ? ring1 + ring.count : ring1;
     const Cylinder cylinder{ring, has_ring2, ring2, ring2 + ring.count};

@@ -1,6 +1,5 @@
 // Digital clock: a strip of six digit fields, with separators between hours, minutes and seconds.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,6 +1,5 @@
 // Fence: a rail along the points, and posts at some of them.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,6 +1,5 @@
 // Flag: one textured rectangle, standing or lying, with a back face if wanted.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

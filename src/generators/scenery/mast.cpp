@@ -1,8 +1,5 @@
 // Guyed mast: a thin square mast of stacked segments, held by two sets of four guy lines.
 #include "generators/figures.h"
-#include "generators/generators.h"
-
-#include <algorithm>
 
 namespace marlogl {
 

@@ -1,6 +1,5 @@
 // Pole with pennant: a line, and a triangle that is seen from both sides.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

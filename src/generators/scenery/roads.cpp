@@ -1,7 +1,6 @@
 // Road: cross lines and edges along a profile, and the surfaces of the road and of its two ends. It runs
 // along y.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,9 +1,6 @@
 // Tower: a lattice of horizontal and vertical members, as an OpenGL line block and as scenery commands, with
 // lights.
 #include "generators/figures.h"
-#include "generators/generators.h"
-
-#include <vector>
 
 namespace marlogl {
 
@@ -12,7 +9,8 @@ namespace {
 struct Tower {
     Pen &pen;
     double width;
-    const ColourTable &colours;
+    Span across = centred(width);
+    const ColourTable &colours = pen.to.colours();
 };
 
 // A point of the design file is a member of the lattice, one end of it in the middle of the tower's width.
@@ -37,16 +35,6 @@ struct End {
 End end_at(const Tower &tower, const Member &member, double x)
 {
     return {x, member.point.y + tower.pen.cell(58), static_cast<double>(member.point.x)};
-}
-
-End left_end(const Tower &tower, const Member &member)
-{
-    return end_at(tower, member, centred(tower.width).low);
-}
-
-End right_end(const Tower &tower, const Member &member)
-{
-    return end_at(tower, member, centred(tower.width).high);
 }
 
 // The colour that is in force in a section: the number of a new one is compared with the number in force,
@@ -98,8 +86,10 @@ void draw_line_block(const Tower &tower, const Members &members)
                 if (!colour.first())
                     move_line(out, end);
             }
-        for (const End &at : {right_end(tower, member), left_end(tower, member)})
+        for (const double x : {tower.across.high, tower.across.low}) {
+            const End at = end_at(tower, member, x);
             vertex_line(out, at.x, at.depth, at.height);
+        }
     }
     end_line(out);
 }
@@ -187,9 +177,9 @@ void write_light_block(const Tower &tower, const Members &members)
         if (member.vertical()) {
             light(end_at(tower, member, std::abs(static_cast<double>(member.point.x))));
         } else {
-            light(left_end(tower, member));
+            light(end_at(tower, member, tower.across.low));
             if (tower.width > 0)
-                light(right_end(tower, member));
+                light(end_at(tower, member, tower.across.high));
         }
     }
     out.line(":lights", k);
@@ -202,7 +192,7 @@ void draw_tower(Pen &pen)
     const double count = pen.cell(point_count_cell);
     if (count < 2)
         return;
-    const Tower tower{pen, pen.cell(1), pen.to.colours()};
+    const Tower tower{pen, pen.cell(1)};
     Members members, horizontal, vertical;
     bool has_line_block = false, has_lights = false;
     for (double i = 1; i <= count; ++i) {

@@ -1,6 +1,5 @@
 // Tree: one upright rectangle, or two that cross on the object's axis, drawn twice.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,7 +1,6 @@
 // Wheel: two hub discs and, where it is textured, the cones and the tread between them. It stands upright,
 // with its axle along y.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,6 +1,5 @@
 // Cone: a fan of triangles under its base, and one up to its apex.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

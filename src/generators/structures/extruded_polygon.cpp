@@ -1,8 +1,5 @@
 // Extruded polygon: a prism over an outline of up to 20 corners, seen from outside.
-#include "generators/generators.h"
 #include "generators/structures/prism.h"
-
-#include <algorithm>
 
 namespace marlogl {
 

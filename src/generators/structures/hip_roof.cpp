@@ -1,6 +1,5 @@
 // Hip roof: a plate, and four faces up to a ridge along y, a ridge along x or an apex.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

@@ -1,6 +1,5 @@
 // Gabled house: a box of walls under two slopes, whose ridge runs along y.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

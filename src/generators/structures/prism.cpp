@@ -1,7 +1,5 @@
 #include "generators/structures/prism.h"
 
-#include <utility>
-
 namespace marlogl {
 
 void Prism::record_outline(int before, double z, double y, double shift, double lift) const

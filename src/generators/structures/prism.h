@@ -3,9 +3,6 @@
 
 #include "generators/figures.h"
 
-#include <array>
-#include <string_view>
-
 namespace marlogl {
 
 enum CapPosition { bottom, top };

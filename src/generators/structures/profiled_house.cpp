@@ -1,6 +1,5 @@
 // Profiled-roof house: a box of walls under a roof of eight strips, which follow a profile of seven points.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 
@@ -38,13 +37,10 @@ struct Gable {
     int points[gable_corners]; // as the inside pass draws them
 };
 
-constexpr Gable front_gable{
-    {{27, 121}, {13, 101}},
-    { 7, 4, 8, 9, 10, 11, 12, 13, 14}
-};
-constexpr Gable back_gable{
-    {{28, 131}, {14, 111}},
-    { 5, 6, 21, 20, 19, 18, 17, 16, 15}
+// In front and at the back.
+constexpr Gable gables[] = {
+    {{{27, 121}, {13, 101}}, {7, 4, 8, 9, 10, 11, 12, 13, 14}  },
+    {{{28, 131}, {14, 111}}, {5, 6, 21, 20, 19, 18, 17, 16, 15}},
 };
 
 void record_profile(Pen &pen, double y, double eaves)
@@ -88,9 +84,9 @@ void draw_profiled_house(Pen &pen)
                 draw_face(pen, side, walls[wall]);
         };
         pen.choose_side(side);
-        draw_gable(pen, side, front_gable);
+        draw_gable(pen, side, gables[0]);
         draw_wall(front);
-        draw_gable(pen, side, back_gable);
+        draw_gable(pen, side, gables[1]);
         draw_wall(back);
         for (const Face &strip : strips)
             draw_face(pen, side, strip);

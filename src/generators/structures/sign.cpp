@@ -1,6 +1,5 @@
 // Sign board: two faces, back to back, upright on one of four sides or lying, tilted if wanted.
 #include "generators/figures.h"
-#include "generators/generators.h"
 
 namespace marlogl {
 

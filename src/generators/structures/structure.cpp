@@ -1,8 +1,5 @@
 // Structure with antennas: a closed solid of eight corners that can lean, with antennas and lights on top.
 #include "generators/figures.h"
-#include "generators/generators.h"
-
-#include <utility>
 
 namespace marlogl {
 
@@ -38,13 +35,10 @@ constexpr Wall walls[] = {
 };
 constexpr int wall_count = 4;
 
-constexpr Face top_face{
-    {{11, 41}, {5, 17}},
-    { 5, 6,             7, 4}
-};
-constexpr Face bottom_face{
-    {{12, 45}, {6, 21}},
-    { 0, 3,             2, 1}
+enum End { top, bottom };
+constexpr Face end_faces[] = {
+    {{{11, 41}, {5, 17}}, {5, 6, 7, 4}},
+    {{{12, 45}, {6, 21}}, {0, 3, 2, 1}},
 };
 
 // The sides in the order of the cells that select one, and the direction in which each lies.
@@ -250,14 +244,14 @@ void draw_structure(Pen &pen)
             record_antenna(pen, j);
 
     // The inside of the bottom takes the view side that the object before has left.
-    draw_face(pen, inside, bottom_face);
+    draw_face(pen, inside, end_faces[bottom]);
     pen.choose_side(inside);
     draw_walls(pen, inside, extra_points);
-    draw_face(pen, inside, top_face);
+    draw_face(pen, inside, end_faces[top]);
     pen.choose_side(outside);
     draw_walls(pen, outside, extra_points);
-    draw_face(pen, outside, bottom_face);
-    draw_face(pen, outside, top_face);
+    draw_face(pen, outside, end_faces[bottom]);
+    draw_face(pen, outside, end_faces[top]);
 
     if (has_lights)
         draw_lights(pen, std::array{4, 7, 6, 5});

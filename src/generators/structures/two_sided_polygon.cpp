@@ -1,8 +1,5 @@
 // Two-sided extruded polygon: a prism over an outline of up to 10 corners, seen from inside and from outside.
-#include "generators/generators.h"
 #include "generators/structures/prism.h"
-
-#include <utility>
 
 namespace marlogl {
 
