@@ -17,11 +17,35 @@ namespace {
 
 constexpr std::size_t all_at_once = 1 << 30;
 
+// A file whose reads give no more than so many bytes, as those of a pipe or a network.
+struct SlowFile : InputFile {
+    std::unique_ptr<InputFile> file;
+    std::size_t most;
+
+    SlowFile(std::unique_ptr<InputFile> whole, std::size_t most_per_read)
+        : file(std::move(whole)), most(most_per_read)
+    {
+    }
+    std::size_t read(char *buffer, std::size_t size) override
+    {
+        return file->read(buffer, std::min(size, most));
+    }
+};
+
+struct SlowFiles : MemoryFiles {
+    std::size_t most_per_read = 0;
+
+    std::unique_ptr<InputFile> open(const std::string &path) override
+    {
+        return std::make_unique<SlowFile>(MemoryFiles::open(path), most_per_read);
+    }
+};
+
 // The lines of a file, with "," between them; a read gives `most_per_read` bytes at a time.
 std::string lines_of(const std::string &content, std::size_t most_per_read,
                      std::size_t most = LineReader::whole_line)
 {
-    MemoryFiles files;
+    SlowFiles files;
     files.files["file"] = content;
     files.most_per_read = most_per_read;
     LineReader reader(files, "file");

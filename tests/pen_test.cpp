@@ -69,7 +69,7 @@ TEST(Pen, RefusesSlotsAndPointsOutsideTheirTables)
     EXPECT_THROW(pen.quad<int>({1, 178}, {0, 1, 2, 3}), RunError);
     EXPECT_THROW(pen.picture({1, 178}, {0, 1, 2, 3}), RunError);
     EXPECT_THROW(pen.reversed_quad({1, 1}, {0, 1, 2, 300}), RunError);
-    EXPECT_THROW(pen.triangle<int>(1, {0, 1, -2}, {1, 2, 3}), RunError);
+    EXPECT_THROW(pen.polygon(1, std::array{0, 1, -2}, std::array{1, 2, 3}), RunError);
     EXPECT_NO_THROW(pen.quad<int>({1, 177}, {299, 1, 2, 3}));
 }
 

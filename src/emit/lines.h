@@ -10,6 +10,11 @@ namespace marlogl {
 inline constexpr char comment_prefix[] = "//                                                  ";
 static_assert(sizeof comment_prefix == 52 + 1);
 
+// Around vertices.
+inline constexpr char begin_polygon[] = "glBegin( GL_POLYGON );";
+inline constexpr char begin_lines[] = "glBegin( GL_LINES ); ";
+inline constexpr char end_block[] = "glEnd();";
+
 // Errors of all of them: input_output; those of the number texts.
 
 inline void vertex_line(Output &out, double x, double y, double z)
@@ -31,21 +36,6 @@ inline void bind_lines(Output &out, std::string_view texture)
 {
     out.line("BindTexture( \"", texture, ".bmp\" );");
     out.line("glEnable( GL_TEXTURE_2D );");
-}
-
-inline void begin_polygon_line(Output &out)
-{
-    out.line("glBegin( GL_POLYGON );");
-}
-
-inline void begin_lines_line(Output &out)
-{
-    out.line("glBegin( GL_LINES ); ");
-}
-
-inline void end_line(Output &out)
-{
-    out.line("glEnd();");
 }
 
 /// The colour of a colour text: characters 3 to 11 are red, green and blue.

@@ -29,8 +29,6 @@ class NgonFile {
     static constexpr Range corners{1, 20};
 
     NgonFile(FileSystem &files, std::string path) : files_(files), path_(std::move(path)) {}
-    NgonFile(const NgonFile &) = delete;
-    NgonFile &operator=(const NgonFile &) = delete;
     /// Unless it was settled, a conversion has failed: settles it as far as that can be done.
     ~NgonFile();
 

@@ -62,8 +62,6 @@ class Output {
 
     /// Creates the file, or empties it. Errors: missing_file (no such folder), input_output.
     Output(FileSystem &files, const std::string &path);
-    Output(const Output &) = delete;
-    Output &operator=(const Output &) = delete;
     /// Unless the output was closed, a conversion has failed: writes the lines that can still be written.
     ~Output();
 

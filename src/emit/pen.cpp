@@ -35,7 +35,7 @@ template <typename Number> bool Pen::begin(int face, Number p1, Number p2, Numbe
         return false;
     const auto write = [&] {
         bind_lines(out(), texture);
-        begin_polygon_line(out());
+        out().line(begin_polygon);
         if (to.side == inside)
             out().line("glColor3ub( ", to.configuration.colour_inside, " ); ");
         else
@@ -80,7 +80,7 @@ void Pen::polygon(int face, const std::array<Number, Corners> &points,
         position(positions[i]);
         vertex(points[i]);
     }
-    end_line(out());
+    out().line(end_block);
 }
 
 template void Pen::polygon(int, const std::array<int, 3> &, const std::array<int, 3> &);
@@ -101,7 +101,7 @@ void Pen::reversed_quad(FaceSlots slots, const std::array<double, 4> &points)
         else
             vertex_line(out(), plan.x, plan.y, z);
     }
-    end_line(out());
+    out().line(end_block);
 }
 
 void Pen::picture(FaceSlots slots, const std::array<int, 4> &points)
@@ -114,7 +114,7 @@ void Pen::picture(FaceSlots slots, const std::array<int, 4> &points)
         texture_line(out(), edge(u[i]), edge(v[i]));
         vertex(points[i]);
     }
-    end_line(out());
+    out().line(end_block);
 }
 
 void Pen::ngon(int face, bool reversed)
@@ -124,7 +124,7 @@ void Pen::ngon(int face, bool reversed)
         return;
     bind_lines(out(), texture);
     const std::span<const Corner> corners = to.ngon.read();
-    begin_polygon_line(out());
+    out().line(begin_polygon);
     if (corners.size() >= 3)
         normal(corners[0].point, corners[1].point, corners[2].point);
     for (std::size_t i = 0; i < corners.size(); ++i) {
@@ -132,7 +132,7 @@ void Pen::ngon(int face, bool reversed)
         texture_line(out(), u, v);
         vertex(point);
     }
-    end_line(out());
+    out().line(end_block);
 }
 
 void Pen::normal(const Vertex &a, const Vertex &b, const Vertex &c)

@@ -42,7 +42,7 @@ void draw_lights(Pen &pen, std::span<const int> points)
     pen.out().line("glBegin( GL_POINTS ); ");
     for (const int point : points)
         pen.vertex(point);
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 } // namespace marlogl

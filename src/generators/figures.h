@@ -60,10 +60,10 @@ inline void draw_face(Pen &pen, Side side, FaceSlots slots, const std::array<int
 /// Draws a polygon without texture and normal through recorded points. Errors: index, input_output.
 template <typename Points> void draw_plain_polygon(Pen &pen, const Points &points)
 {
-    begin_polygon_line(pen.out());
+    pen.out().line(begin_polygon);
     for (const auto point : points)
         pen.vertex(point);
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 /// Draws GL_POINTS at recorded points, in the colour of slot 0, unless code slot 26 of the object is blank or

@@ -11,11 +11,11 @@ namespace {
 
 class MemoryInput : public InputFile {
   public:
-    MemoryInput(std::string_view content, std::size_t most) : rest_(content), most_(most) {}
+    explicit MemoryInput(std::string_view content) : rest_(content) {}
 
     std::size_t read(char *buffer, std::size_t size) override
     {
-        const std::size_t taken = std::min({size, most_, rest_.size()});
+        const std::size_t taken = std::min(size, rest_.size());
         std::memcpy(buffer, rest_.data(), taken);
         rest_.remove_prefix(taken);
         return taken;
@@ -23,7 +23,6 @@ class MemoryInput : public InputFile {
 
   private:
     std::string_view rest_;
-    std::size_t most_;
 };
 
 class MemoryOutput : public OutputFile {
@@ -51,7 +50,7 @@ std::string plain(const std::string &path)
 std::unique_ptr<InputFile> MemoryFiles::open(const std::string &path)
 {
     const auto found = files.find(plain(path));
-    return found == files.end() ? nullptr : std::make_unique<MemoryInput>(found->second, most_per_read);
+    return found == files.end() ? nullptr : std::make_unique<MemoryInput>(found->second);
 }
 
 std::unique_ptr<OutputFile> MemoryFiles::create(const std::string &path)

@@ -3,7 +3,6 @@
 
 #include "host/file_system.h"
 
-#include <limits>
 #include <map>
 
 namespace marlogl {
@@ -13,8 +12,6 @@ namespace marlogl {
 class MemoryFiles : public FileSystem {
   public:
     std::map<std::string, std::string> files;
-    /// How many bytes a read gives at the most: no more need come at once from a pipe or a network.
-    std::size_t most_per_read = std::numeric_limits<std::size_t>::max();
 
     std::unique_ptr<InputFile> open(const std::string &path) override;
     std::unique_ptr<OutputFile> create(const std::string &path) override;

@@ -41,13 +41,6 @@ double record_rings(Pen &pen, Ring ring, double base)
     return height;
 }
 
-// The two end points keep their fractions, unlike recorded ones.
-void append_end_points(Pen &pen, double bottom, double top)
-{
-    for (const double z : {require_finite(bottom), require_finite(top)})
-        pen.to.vertices.append({0, 0, z});
-}
-
 void record_basket(Pen &pen, double base, double basket_height)
 {
     const Span edge = centred(pen.cell(16));
@@ -62,13 +55,13 @@ void record_basket(Pen &pen, double base, double basket_height)
 void draw_ropes(Pen &pen, const Basket &basket, Ring ring)
 {
     pen.out().line("glColor3ub( 255, 255, 255 ); ");
-    begin_lines_line(pen.out());
+    pen.out().line(begin_lines);
     for (const auto &[count, points] : ropes)
         for (int corner = 0; count == ring.count && corner < 4; ++corner) {
             pen.vertex(points[corner]);
             pen.vertex(basket.upper(corner));
         }
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 void draw_basket(Pen &pen, Side side, const Basket &basket)
@@ -116,7 +109,9 @@ void draw_basket_sphere(Pen &pen)
 
     const double highest = record_rings(pen, ring, envelope);
     const int bottom = pen.count();
-    append_end_points(pen, envelope, highest + pen.cell(8));
+    // The two end points keep their fractions, unlike recorded ones.
+    for (const double z : {require_finite(envelope), require_finite(highest + pen.cell(8))})
+        pen.to.vertices.append({0, 0, z});
     const Basket basket{bottom + 2};
     if (has_basket) {
         record_basket(pen, base, basket_height);

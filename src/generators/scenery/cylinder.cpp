@@ -13,27 +13,17 @@ constexpr int upper_end = 0, lower_end = 1, ring1 = 2;
 
 struct Cylinder {
     Ring ring;
-    bool has_ring2;
+    bool lying, has_ring2, has_railing;
     int ring2, railing; // first points; without a ring 2, ring 1 stands for it
 };
 
-bool is_lying(Pen &pen)
+void record_ring(Pen &pen, const Cylinder &cylinder, double radius, double at)
 {
-    return pen.cell(18) == 1;
-}
-
-bool has_railing(Pen &pen)
-{
-    return !is_lying(pen) && pen.cell(6) > 0;
-}
-
-void record_ring(Pen &pen, Ring ring, double radius, double at)
-{
-    const bool lying = is_lying(pen);
     const double base = pen.cell(58);
-    for (int i = 0; i < ring.count; ++i) {
-        const double x = radius * sine(ring.angle(i)), across = radius * cosine(ring.angle(i));
-        if (lying)
+    for (int i = 0; i < cylinder.ring.count; ++i) {
+        const int angle = cylinder.ring.angle(i);
+        const double x = radius * sine(angle), across = radius * cosine(angle);
+        if (cylinder.lying)
             pen.record(x, at, base + radius + across);
         else
             pen.record(x, across, at);
@@ -45,7 +35,7 @@ void record_points(Pen &pen, const Cylinder &cylinder)
     const double base = pen.cell(58), beyond2 = pen.cell(1), between = pen.cell(2), beyond1 = pen.cell(3);
     const double radius1 = pen.cell(4) / 2, radius2 = pen.cell(5) / 2;
     double ring1_at = base + beyond1, ring2_at = base + beyond1 + between;
-    if (is_lying(pen)) {
+    if (cylinder.lying) {
         // The ends lie in the planes of their rings.
         ring1_at = -beyond1 - between / 2;
         ring2_at = beyond2 + between / 2;
@@ -55,18 +45,18 @@ void record_points(Pen &pen, const Cylinder &cylinder)
         pen.record(0, 0, base + beyond2 + between + beyond1);
         pen.record(0, 0, base);
     }
-    record_ring(pen, cylinder.ring, radius1, ring1_at);
+    record_ring(pen, cylinder, radius1, ring1_at);
     if (cylinder.has_ring2)
-        record_ring(pen, cylinder.ring, radius2, ring2_at);
-    if (has_railing(pen))
-        record_ring(pen, cylinder.ring, radius2, base + between + beyond1 + pen.cell(6));
+        record_ring(pen, cylinder, radius2, ring2_at);
+    if (cylinder.has_railing)
+        record_ring(pen, cylinder, radius2, base + between + beyond1 + pen.cell(6));
 }
 
 void draw_railing(Pen &pen, const Cylinder &cylinder)
 {
     Output &out = pen.out();
     colour_line_blank(out, pen.object.colours(23));
-    begin_lines_line(out);
+    out.line(begin_lines);
     for (int i = 0; i < cylinder.ring.count; ++i) {
         pen.vertex(cylinder.ring2 + i);
         pen.vertex(cylinder.railing + i);
@@ -77,7 +67,7 @@ void draw_railing(Pen &pen, const Cylinder &cylinder)
         pen.vertex(cylinder.ring2 + i);
         pen.vertex(cylinder.ring2 + i + 1);
     }
-    end_line(out);
+    out.line(end_block);
 }
 
 void draw_faces(Pen &pen, Side side, const Cylinder &cylinder)
@@ -92,16 +82,6 @@ void draw_faces(Pen &pen, Side side, const Cylinder &cylinder)
     }
 }
 
-void draw_ring_lights(Pen &pen, const Cylinder &cylinder)
-{
-    constexpr int unlit_count = 9;
-    if (cylinder.ring.count == unlit_count)
-        return;
-    std::vector<int> points(static_cast<std::size_t>(cylinder.ring.count));
-    std::iota(points.begin(), points.end(), cylinder.ring2);
-    draw_lights(pen, points);
-}
-
 } // namespace
 
 void draw_cylinder(Pen &pen)
@@ -109,11 +89,11 @@ void draw_cylinder(Pen &pen)
     const bool has_lights = pen.cell(31) == 1;
     pen.short_coordinates = has_lights;
     const Ring ring = pen.cell(7) == 5 ? Ring{9, 40} : selected_ring(pen.cell(7));
-    const bool has_ring2 = pen.cell(2) > 0;
+    const bool lying = pen.cell(18) == 1, has_ring2 = pen.cell(2) > 0;
     const int ring2 = has_ring2 ? ring1 + ring.count : ring1;
-    const Cylinder cylinder{ring, has_ring2, ring2, ring2 + ring.count};
+    const Cylinder cylinder{ring, lying, has_ring2, !lying && pen.cell(6) > 0, ring2, ring2 + ring.count};
     record_points(pen, cylinder);
-    if (has_railing(pen))
+    if (cylinder.has_railing)
         draw_railing(pen, cylinder);
     if (pen.is_true(12)) {
         pen.choose_side(outside);
@@ -121,8 +101,12 @@ void draw_cylinder(Pen &pen)
     }
     pen.choose_side(inside);
     draw_faces(pen, inside, cylinder);
-    if (has_lights)
-        draw_ring_lights(pen, cylinder);
+    constexpr int unlit_count = 9;
+    if (has_lights && ring.count != unlit_count) {
+        std::vector<int> points(static_cast<std::size_t>(ring.count));
+        std::iota(points.begin(), points.end(), ring2);
+        draw_lights(pen, points);
+    }
 }
 
 } // namespace marlogl

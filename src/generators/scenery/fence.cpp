@@ -16,7 +16,7 @@ void draw_fence(Pen &pen)
     };
 
     colour_line(pen.out(), colours(colour_number(numeric_value(pen.object.codes(1)), 1)));
-    begin_lines_line(pen.out());
+    pen.out().line(begin_lines);
     for (double i = 1; i <= count; ++i) {
         const bool rail = attribute(i)(4) == 'L', interrupted = attribute(i)(2) == 'S';
         if (rail && !interrupted) {
@@ -30,7 +30,7 @@ void draw_fence(Pen &pen)
             point_line(i, top);
         }
     }
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 } // namespace marlogl

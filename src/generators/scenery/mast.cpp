@@ -96,11 +96,11 @@ void draw_mast(Pen &pen)
         draw_segment(pen, j);
     }
     colour_line(pen.out(), pen.object.colours(3));
-    begin_lines_line(pen.out());
+    pen.out().line(begin_lines);
     draw_guy_set(pen, first_guys);
     colour_line(pen.out(), pen.object.colours(4));
     draw_guy_set(pen, second_guys);
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 } // namespace marlogl

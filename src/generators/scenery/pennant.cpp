@@ -11,25 +11,25 @@ void draw_pennant(Pen &pen)
 
     Output &out = pen.out();
     out.line("glColor3ub( 192, 192, 192 ); ");
-    begin_lines_line(out);
+    out.line(begin_lines);
     vertex_line(out, 0, 0, foot);
     vertex_line(out, 0, 0, top);
     if (!trimmed(pen.object.codes(1)).empty()) {
         const Text<11> &colour = pen.object.colours(2);
-        end_line(out);
+        out.line(end_block);
         out.line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ",
                  columns(colour, 9, 11), " ) ;  ");
-        begin_polygon_line(out);
+        out.line(begin_polygon);
         vertex_line(out, 0, 0, top);
         vertex_line(out, length, 0, tip);
         vertex_line(out, 0, 0, low);
-        end_line(out);
-        begin_polygon_line(out);
+        out.line(end_block);
+        out.line(begin_polygon);
         vertex_line(out, 0, 0, low);
         vertex_line(out, length, 0, tip);
         vertex_line(out, 0, 0, top);
     }
-    end_line(out);
+    out.line(end_block);
 }
 
 } // namespace marlogl

@@ -55,7 +55,7 @@ void begin_side(Pen &pen, bool upper)
         pen.vertex(point);
     };
     bind_lines(pen.out(), texture);
-    begin_polygon_line(pen.out());
+    pen.out().line(begin_polygon);
     if (upper) {
         corner(3, ub, vb);
         corner(2, ub, va);
@@ -80,7 +80,7 @@ void draw_surface(Pen &pen, Span width, const Surface &surface)
     pen.record(width.high, surface.end, surface.end_height + rise);
     pen.record(width.high, surface.start, surface.start_height + rise);
     begin_side(pen, false);
-    end_line(pen.out());
+    pen.out().line(end_block);
     begin_side(pen, true);
 }
 
@@ -98,12 +98,12 @@ void draw_surfaces(Pen &pen, Span width)
         draw_surface(
             pen, width,
             {-a.larger - (a.larger + m.smaller), a.smaller - (a.larger + m.smaller), 0, inner_height_1});
-        end_line(pen.out());
+        pen.out().line(end_block);
     }
     if (pen.cell(39) > 0) {
         draw_surface(pen, width,
                      {m.larger - b.larger + b.smaller, b.smaller + m.larger + b.smaller, inner_height_2, 0});
-        end_line(pen.out());
+        pen.out().line(end_block);
     }
     draw_surface(pen, width, {-m.larger, m.smaller, inner_height_2, inner_height_1});
 }
@@ -119,13 +119,13 @@ void draw_roads(Pen &pen)
     const Span width = centred(road_width);
 
     colour_line(pen.out(), colours(colour_number(numeric_value(pen.object.points(1).code), 1)));
-    begin_lines_line(pen.out());
+    pen.out().line(begin_lines);
     draw_wire_frame(pen, width, count);
     if (road_width > 0 && pen.cell(31) != 3) {
-        end_line(pen.out());
+        pen.out().line(end_block);
         draw_surfaces(pen, width);
     }
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 } // namespace marlogl

@@ -74,7 +74,7 @@ void draw_line_block(const Tower &tower, const Members &members)
 {
     Output &out = tower.pen.out();
     SectionColour colour(11);
-    begin_lines_line(out);
+    out.line(begin_lines);
     int end = 0; // both ends of a member count
     for (const Member &member : members) {
         if (!member.in_line_block())
@@ -91,7 +91,7 @@ void draw_line_block(const Tower &tower, const Members &members)
             vertex_line(out, at.x, at.depth, at.height);
         }
     }
-    end_line(out);
+    out.line(end_block);
 }
 
 // Moves and draws along members. At a colour change where a run starts, the line is drawn to the point `back`

@@ -70,13 +70,13 @@ void draw_segment(Pen &pen, Edge from, Edge to, double q, double q1)
         {to.ring + q1,   to.column,   3},
         {to.ring + q,    to.column,   4},
     };
-    begin_polygon_line(pen.out());
+    pen.out().line(begin_polygon);
     pen.normal(corners[0].point, corners[1].point, corners[2].point);
     for (const auto &[point, column, row] : corners) {
         texture_line(pen.out(), column, pen.object.points(row).y);
         pen.vertex(point);
     }
-    end_line(pen.out());
+    pen.out().line(end_block);
 }
 
 // The strip over cone, tread and cone is textured by one rectangle, whose columns are shared out by width.

@@ -133,11 +133,6 @@ bool lower_is_wider(Pen &pen, const Wall &wall)
     return pen.cell(wall.lower_length) > pen.cell(wall.upper_length);
 }
 
-bool is_straight(Pen &pen, const Wall &wall)
-{
-    return pen.cell(wall.lower_length) != pen.cell(wall.upper_length) && pen.is_true(wall.straight_switch);
-}
-
 // Records the points under (or over) the ends of a wall's narrower edge, on the level of its wider edge.
 void record_extra_points(Pen &pen, const Wall &wall, const Corners &solid)
 {
@@ -233,10 +228,12 @@ void draw_structure(Pen &pen)
         pen.record(x, y, z);
     ExtraPoints extra_points;
     for (std::size_t i = 0; i < extra_points.size(); ++i) {
-        const bool straight = is_straight(pen, walls[i]);
+        const Wall &wall = walls[i];
+        const bool straight =
+            pen.cell(wall.lower_length) != pen.cell(wall.upper_length) && pen.is_true(wall.straight_switch);
         extra_points[i] = straight ? pen.count() : no_point;
         if (straight)
-            record_extra_points(pen, walls[i], solid);
+            record_extra_points(pen, wall, solid);
     }
     const int last_point = pen.count() - 1;
     for (int j = 1; j <= 4; ++j)
