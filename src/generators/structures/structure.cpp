@@ -102,7 +102,7 @@ using Corners = std::array<Vertex, corner_count>;
 constexpr struct {
     int length_x, length_y;
     bool right, behind;
-} ends[] = {
+} feet[] = {
     {1, 4, false, false},
     {1, 2, true,  false},
     {3, 2, true,  true },
@@ -116,8 +116,8 @@ Corners corners(Pen &pen)
     const Offsets offset = corner_offsets(pen);
     Corners solid;
     for (std::size_t i = 0; i < solid.size(); ++i) {
-        const bool upper = i >= std::size(ends);
-        const auto [length_x, length_y, right, behind] = ends[i % std::size(ends)];
+        const bool upper = i >= std::size(feet);
+        const auto [length_x, length_y, right, behind] = feet[i % std::size(feet)];
         const Span x = centred(pen.cell(upper ? length_x + 4 : length_x));
         const Span y = centred(pen.cell(upper ? length_y + 4 : length_y));
         solid[i] = {
