@@ -34,14 +34,14 @@ bool looks_like_record(std::string_view text)
     case 'B':
         return is_name(columns(text, 2));
     case 'P':
-        return has_slot && read_number_field(rest).whole();
+        return all_digits(trimmed(columns(text, 2, 3))) && read_number_field(rest).whole();
     case 'K':
         return has_slot && !rest.empty() && rest.size() <= 2;
     case 'F':
     case '\\':
         return has_slot && !rest.empty();
     case 'Q':
-        return all_digits(columns(text, 2, 4)) && text.size() > 4;
+        return all_digits(trimmed(columns(text, 2, 4))) && text.size() > 4;
     default:
         return false;
     }

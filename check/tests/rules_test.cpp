@@ -106,6 +106,9 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {" J15\n",
          "12: warning: this line begins with a blank, so it is a remark; remove the blank in front of "
          "\"J15\" [indented-record]"},
+        {" Q  1 100 100\n",
+         "12: warning: this line begins with a blank, so it is a remark; remove the blank in front of "
+         "\"Q  \" [indented-record]"},
         {"bNew barn\n", "12: warning: the key is a small letter, so this line is a remark; did you mean "
                         "\"BNew barn\"? [lower-case-key]"},
         {"be careful\n  By the river\n", ""},
