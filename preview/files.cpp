@@ -64,22 +64,30 @@ void refuse_overwriting(const std::string &output, const std::vector<fs::path> &
                                      ", which is read");
 }
 
-OutputFile::OutputFile(const std::string &path) : OutputFile(path, path) {}
+OutputFile::OutputFile(const std::string &path)
+    : OutputFile(path, path, File(path == "-" ? nullptr : std::fopen(path.c_str(), "wb")))
+{
+}
 
 OutputFile OutputFile::replacing(const std::string &path)
 {
     std::error_code ignored;
-    const bool replaces = fs::is_regular_file(path, ignored) || !fs::exists(path, ignored);
-    return {path, replaces ? path + ".new" : path};
+    if (fs::exists(path, ignored) && !fs::is_regular_file(path, ignored))
+        return OutputFile(path);
+    // The file is new: it is neither one of the user's nor one that another process writes just now.
+    std::string written_at = path + ".new";
+    File file(std::fopen(written_at.c_str(), "wbx"));
+    for (int i = 2; !file && errno == EEXIST; ++i) {
+        written_at = path + ".new" + std::to_string(i);
+        file.reset(std::fopen(written_at.c_str(), "wbx"));
+    }
+    return {path, std::move(written_at), std::move(file)};
 }
 
-OutputFile::OutputFile(std::string path, std::string written_at)
-    : name(std::move(path)), written(std::move(written_at))
+OutputFile::OutputFile(std::string path, std::string written_at, File opened)
+    : name(std::move(path)), written(std::move(written_at)), file(std::move(opened))
 {
-    if (name == "-")
-        return;
-    file.reset(std::fopen(written.c_str(), "wb"));
-    if (!file)
+    if (!file && name != "-")
         fail();
 }
 

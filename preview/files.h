@@ -34,7 +34,8 @@ void refuse_overwriting(const std::string &output, const std::vector<std::filesy
 class OutputFile {
   public:
     explicit OutputFile(const std::string &path);
-    // One that comes to its place by close() only: until then what was there before stays there.
+    // One that comes to its place by close() only: until then what was there before stays there, and the
+    // bytes stand in a new file beside it.
     static OutputFile replacing(const std::string &path);
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
@@ -43,7 +44,7 @@ class OutputFile {
     void close();
 
   private:
-    OutputFile(std::string path, std::string written_at);
+    OutputFile(std::string path, std::string written_at, File opened);
     [[noreturn]] void fail() const;
 
     std::string name, written; // the latter until close()

@@ -37,8 +37,8 @@ inline Vec3 cross(Vec3 a, Vec3 b)
 // The direction of `a` with length 1; the zero vector where `a` has no usable length.
 inline Vec3 unit(Vec3 a)
 {
-    const double size = length(a);
-    return size > 0 && std::isfinite(size) ? a * (1 / size) : Vec3{};
+    const double factor = 1 / length(a); // also infinite for lengths that are not zero
+    return factor > 0 && std::isfinite(factor) ? a * factor : Vec3{};
 }
 
 inline std::array<float, 3> in_floats(Vec3 v)

@@ -1,9 +1,11 @@
-// The buffer of a .glb file, in parts that glTF calls views: numbers of one kind, or a picture.
+// The bytes of a .glb file: its two chunks, JSON and a buffer. The buffer has parts that glTF calls views:
+// numbers of one kind, or a picture.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <span>
+#include <string>
 #include <vector>
 
 using TakeBytes = std::function<void(std::span<const std::uint8_t>)>;
@@ -44,8 +46,12 @@ class GlbBuffer {
     std::size_t add_picture(std::span<const std::uint8_t> bytes);
 
     const std::vector<GlbView> &views() const { return views_; }
+    std::size_t size() const; // of all views, each aligned
     void write(const TakeBytes &take) const;
 
   private:
     std::vector<GlbView> views_;
 };
+
+// Writes a whole file; the buffer may be empty. Throws std::runtime_error when it would be too large.
+void write_chunks(std::string json, const GlbBuffer &buffer, const TakeBytes &take);

@@ -1,56 +1,11 @@
 #include "glb_file.h"
 
-#include <nlohmann/json.hpp>
+#include "glb_json.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
-#include <limits>
 #include <list>
-#include <stdexcept>
 
 namespace {
-
-static_assert(std::endian::native == std::endian::little, "numbers are written as they lie in memory");
-
-// Keys stay in their order, and numbers are no longer than floats need.
-using Json = nlohmann::basic_json<nlohmann::ordered_map, std::vector, std::string, bool, std::int64_t,
-                                  std::uint64_t, float>;
-
-std::string in_utf8(const std::string &text)
-{
-    try {
-        (void)nlohmann::json(text).dump(); // throws when it is none
-        return text;
-    } catch (const nlohmann::json::exception &) {
-        std::string letters;
-        for (const char c : text) {
-            const auto code = static_cast<unsigned char>(c);
-            if (code >= 0x80)
-                letters += static_cast<char>(0xc0 | code >> 6);
-            letters += static_cast<char>(code < 0x80 ? code : 0x80 | (code & 0x3f));
-        }
-        return letters;
-    }
-}
-
-// Whole numbers are shorter without a point.
-Json number(double value)
-{
-    constexpr float exact = 1 << 24;
-    const auto rounded = static_cast<float>(value);
-    if (rounded == std::round(rounded) && std::abs(rounded) < exact)
-        return static_cast<std::int64_t>(rounded);
-    return rounded;
-}
-
-template <class Values> Json list_of(const Values &values)
-{
-    Json list = Json::array();
-    for (const auto value : values)
-        list.push_back(number(value));
-    return list;
-}
 
 class Writer {
   public:
@@ -72,28 +27,7 @@ class Writer {
         add_views();
     }
 
-    void write(const TakeBytes &take) const
-    {
-        std::string text = json_.dump();
-        text.resize(aligned(text.size()), ' ');
-        const std::size_t size = 12 + 8 + text.size() + (buffer_size_ > 0 ? 8 + buffer_size_ : 0);
-        if (size > std::numeric_limits<std::uint32_t>::max())
-            throw std::runtime_error("the scene is too large for a .glb file: it would have " +
-                                     std::to_string(size) + " bytes, the most is 4294967295");
-        const auto put = [&](std::initializer_list<std::size_t> numbers) {
-            std::vector<std::uint32_t> words;
-            for (const std::size_t value : numbers)
-                words.push_back(static_cast<std::uint32_t>(value));
-            take(bytes_of(words));
-        };
-        constexpr std::uint32_t magic = 0x46546c67, json_chunk = 0x4e4f534a, binary_chunk = 0x004e4942;
-        put({magic, 2, size, text.size(), json_chunk});
-        take(bytes_of(text));
-        if (buffer_size_ == 0)
-            return;
-        put({buffer_size_, binary_chunk});
-        buffer_.write(take);
-    }
+    void write(const TakeBytes &take) const { write_chunks(json_.dump(), buffer_, take); }
 
   private:
     // The first node is the root: there y is up and a unit is a metre.
@@ -234,26 +168,26 @@ class Writer {
 
     void add_views()
     {
+        std::size_t offset = 0;
         for (const GlbView &view : buffer_.views()) {
             Json &entry = json_["bufferViews"].emplace_back();
             entry["buffer"] = 0;
-            entry["byteOffset"] = buffer_size_;
+            entry["byteOffset"] = offset;
             entry["byteLength"] = view.size;
             if (view.use == GlbUse::vertices)
                 entry["byteStride"] = view.stride;
             if (view.use != GlbUse::picture)
                 entry["target"] = view.use;
-            buffer_size_ += aligned(view.size);
+            offset += aligned(view.size);
         }
-        if (buffer_size_ > 0)
-            json_["buffers"][0]["byteLength"] = buffer_size_;
+        if (offset > 0)
+            json_["buffers"][0]["byteLength"] = offset;
     }
 
     const Gltf &gltf_;
     Json json_;
     GlbBuffer buffer_;
     std::list<std::vector<std::uint16_t>> short_indices_;
-    std::size_t buffer_size_ = 0;
 };
 
 } // namespace

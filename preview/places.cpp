@@ -5,11 +5,13 @@
 
 std::vector<std::uint32_t> number_places(const Scene &scene)
 {
+    // A stray corner far away must not melt what is small into one place.
+    constexpr double most = 0.001;
     const double grain =
-        std::max(length(scene.highest - scene.lowest) * 1e-7, std::numeric_limits<double>::min());
+        std::clamp(length(scene.highest - scene.lowest) * 1e-7, std::numeric_limits<double>::min(), most);
     std::vector<std::array<double, 3>> cells;
     for (const Vertex &vertex : scene.vertices) {
-        const Vec3 p = (vertex.position - scene.lowest) * (1 / grain);
+        const Vec3 p = vertex.position * (1 / grain);
         cells.push_back({std::round(p.x), std::round(p.y), std::round(p.z)});
     }
     std::vector<std::uint32_t> order(cells.size()), numbers(cells.size());

@@ -187,6 +187,9 @@ gltf()
     grep -q "cannot write town.glb" err || fail "a full disk is told as $(cat err)"
     holds town.glb '"name":"barn"' || fail "the scene from before is damaged"
     [ ! -e town.glb.new ] || fail "half a scene was left"
+    cp town.ogl town.glb.new
+    expect 0 "" town.glb.new --output=town.glb
+    cmp -s town.ogl town.glb.new || fail "a file of the user's is gone"
     cp house.mr2 live.mr2
     timeout 100 "$program" live.mr2 --watch --output=live.glb 2>err &
     viewer=$!

@@ -97,7 +97,8 @@ std::string faces_of(const Gltf &gltf)
 TEST(Gltf, OfFacesInOnePlaceEachSideIsSeenOnce)
 {
     // clang-format off
-    const std::string black = "glColor3ub( 0, 0, 0 );", scale = "glScalef( 2, 2, 2 );\n";
+    const std::string black = "glColor3ub( 0, 0, 0 );", scale = "glScalef( 2, 2, 2 );\n",
+                      far_away = begin_object(2, "") + "glTranslated( 0, 0, -1e14 );\n";
     const struct {
         std::string text, faces;
         std::size_t equal;
@@ -110,6 +111,9 @@ TEST(Gltf, OfFacesInOnePlaceEachSideIsSeenOnce)
         {wall() + "glBegin( GL_POLYGON ); glVertex3d( 4, 0, 2 ); glVertex3d( 4, 0, 0 ); glVertex3d( 0, 0, 0 );"
                   "glVertex3d( 0, 0, 2.5 ); glEnd();",
          "both 0 -1 1; both 0 1 1; ", 0},
+        {wall() + "glTranslated( 0, 0.1, 0 );\n" + wall() + far_away + wall(),
+         "both 0 -1 1; both 200 -1 1; both 0 -1 1; ", 0},
+        {"glScalef( 1e-155, 1e-155, 1e-155 );\n" + wall() + wall(true), "one 0 0 1; one 0 0 1; ", 0},
     };
     // clang-format on
     for (const auto &row : rows) {
