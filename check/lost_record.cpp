@@ -23,6 +23,7 @@ bool looks_like_record(std::string_view text)
     if (text.empty())
         return false;
     const std::string_view rest = columns(text, 4);
+    // A slot with a blank in it is taken for one only where numbers follow: "F 1 ..." begins many a remark.
     const bool has_slot = all_digits(columns(text, 2, 3));
     switch (text[0]) {
     case 'A':

@@ -72,9 +72,10 @@ void NgonFile::settle()
     const std::unique_ptr<OutputFile> settling = std::move(file_);
     std::string lines;
     char line[4 * output::most_of_number];
-    for (const Corner &corner : written_)
-        lines.append(line, put_corner(line, layout_, corner));
-    if (present_ && !lines.empty())
+    if (present_)
+        for (const Corner &corner : written_)
+            lines.append(line, put_corner(line, layout_, corner));
+    if (!lines.empty())
         settling->write(lines);
     settling->close();
     if (!present_)

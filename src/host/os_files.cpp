@@ -354,9 +354,8 @@ void prepare_process()
     for (int descriptor = 0; descriptor <= 2; ++descriptor) {
         struct stat status;
         if (::fstat(descriptor, &status) != 0 && errno == EBADF)
-            open_descriptor(
-                null_device,
-                O_RDWR); // as this descriptor, the lowest that is free: those below it are open by now
+            // As this descriptor, the lowest that is free: those below it are open by now.
+            open_descriptor(null_device, O_RDWR);
         prepare_descriptor(descriptor);
     }
 }

@@ -86,12 +86,16 @@ void draw_sign(Pen &pen)
 
     constexpr FaceSlots face1{1, 1}, face2{2, 5};
     constexpr std::array forward{0, 1, 2, 3}, backward{3, 2, 1, 0};
-    const bool turned = mode == Mode::turned, face2_first = turned || mode == Mode::tiltable;
-    if (face2_first)
-        pen.quad(face2, turned ? backward : forward);
-    pen.quad(face1, turned ? forward : backward);
-    if (!face2_first)
+    if (mode == Mode::tiltable) {
         pen.quad(face2, forward);
+        pen.quad(face1, backward);
+    } else if (mode == Mode::turned) {
+        pen.quad(face2, backward);
+        pen.quad(face1, forward);
+    } else {
+        pen.quad(face1, backward);
+        pen.quad(face2, forward);
+    }
 }
 
 } // namespace marlogl
