@@ -143,7 +143,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_cell_rules[] = {
     {"size-missing", warning, "a cell without which the kind has no extent is missing",
      "What is not given counts as 0, and corners fall together. Write a 0 where it is meant.",
      {scene, flag, "P02 9\n", ""}, in_objects(size_missing)},
@@ -178,7 +178,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> cell_rules()
 {
-    return rules;
+    return all_cell_rules;
 }
 
 } // namespace marlogl::check

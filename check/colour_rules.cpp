@@ -124,7 +124,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_colour_rules[] = {
     {"short-colour", error, "a colour does not have nine digits",
      "Positions 4 and 5 of a colour record are not used; red, green and blue follow with three digits\n"
      "each. What is missing stays blank in the output, which then does not compile.",
@@ -149,7 +149,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> colour_rules()
 {
-    return rules;
+    return all_colour_rules;
 }
 
 } // namespace marlogl::check

@@ -48,8 +48,8 @@ std::string Drawings::draw_once(int number, std::string &text)
             if (!drawing.colour_table &&
                 (error.fault == Fault::missing_file || error.fault == Fault::past_end ||
                  error.fault == Fault::input_output))
-                table_fault_ =
-                    without_place(fault, quoted(scene_.objects[static_cast<std::size_t>(number - 1)].name));
+                table_fault_ = without_place(
+                    fault, marlogl::quoted(scene_.objects[static_cast<std::size_t>(number - 1)].name));
         }
         vertices_ = drawing.vertices;
         table_ = drawing.colour_table;
@@ -70,7 +70,7 @@ Drawn Drawings::draw(int number, std::string &fault)
     }
     Drawn drawn;
     drawn.stopped = !fault.empty();
-    fault = without_place(fault, quoted(scene_.objects[static_cast<std::size_t>(number - 1)].name));
+    fault = without_place(fault, marlogl::quoted(scene_.objects[static_cast<std::size_t>(number - 1)].name));
     // The first two lines are comments, and hold the name.
     const std::size_t body = text.find("\r\n", text.find("\r\n") + 2);
     const auto holds = [&](const char *statement) { return text.find(statement, body) != text.npos; };

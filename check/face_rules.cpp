@@ -111,7 +111,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_face_rules[] = {
     {"face-without-texture", warning, "a face is on but has no texture name",
      "A face is drawn only when the code of its slot begins with Y and the text of the same slot names\n"
      "a texture. One without the other is left out without a message.",
@@ -149,7 +149,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> face_rules()
 {
-    return rules;
+    return all_face_rules;
 }
 
 } // namespace marlogl::check

@@ -13,7 +13,7 @@ constexpr std::string_view dat = "MarlOgl.dat";
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_file_rules[] = {
     {"texture-missing", warning, "a bitmap lies neither beside the output nor beside the design file",
      "This is checked where other bitmaps lie there. Elsewhere the textures are kept in another place.",
      {scene, house, "F01front\n", "F01frnt\n"}},
@@ -52,7 +52,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> file_rules()
 {
-    return rules;
+    return all_file_rules;
 }
 
 } // namespace marlogl::check

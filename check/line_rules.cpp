@@ -66,7 +66,7 @@ using namespace std::string_view_literals;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_line_rules[] = {
     {"stops-reading", error, "the conversion stops at this record",
      "A cell, slot or point that does not exist, or a number that is too large, ends the run. What was\n"
      "written up to that point stays in the output file.",
@@ -117,7 +117,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> line_rules()
 {
-    return rules;
+    return all_line_rules;
 }
 
 } // namespace marlogl::check

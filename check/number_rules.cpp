@@ -146,7 +146,7 @@ constexpr std::string_view with_number = "ACDPV";
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_number_rules[] = {
     {"comma-decimal", error, "a number ends at its comma",
      "The decimal separator is the point. Reading stops at the first character that cannot go on with\n"
      "the number, so the decimals are lost.",
@@ -182,7 +182,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> number_rules()
 {
-    return rules;
+    return all_number_rules;
 }
 
 } // namespace marlogl::check

@@ -85,7 +85,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_object_rules[] = {
     {"stops-drawing", error, "the conversion stops at this object",
      "Nothing can be divided by 0, a cap has at most 20 corners, an object at most 300 corner points,\n"
      "and slots end at 28. What was written up to that point stays in the output file.",
@@ -132,7 +132,7 @@ constexpr Rule last_rule[] = {
 
 std::span<const Rule> object_rules()
 {
-    return rules;
+    return all_object_rules;
 }
 
 std::span<const Rule> closing_rules()

@@ -75,7 +75,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_offset_rules[] = {
     {"missing-offset", error, "a cell or point that is stored with 2000 or 5000 added holds less",
      "Structures: cell 21 holds a height with 5000 added, points 51 to 54 the antennas with 2000\n"
      "added. Hip roofs: cells 11 and 12 hold the ridge or the tip with 2000 added. Always write P21\n"
@@ -95,7 +95,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> offset_rules()
 {
-    return rules;
+    return all_offset_rules;
 }
 
 } // namespace marlogl::check

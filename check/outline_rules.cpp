@@ -70,7 +70,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_outline_rules[] = {
     {"too-many-corners", error, "an outline has more corners than its points have room for",
      "A two-sided extruded polygon has at most 10 corners, an extruded polygon at most 20.",
      {scene, meadow, "P11 3\nK22Y\nF22grass\n", "P11 21\n"}, in_objects(corner_number)},
@@ -91,7 +91,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> outline_rules()
 {
-    return rules;
+    return all_outline_rules;
 }
 
 } // namespace marlogl::check

@@ -110,7 +110,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_record_rules[] = {
     {"slot-not-two-digits", error, "columns 2 and 3 hold no slot number",
      "Cell and slot numbers take two digits, or a blank and a digit; point numbers take three. A\n"
      "number that is one digit short moves all that follows it.",
@@ -155,7 +155,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> record_rules()
 {
-    return rules;
+    return all_record_rules;
 }
 
 } // namespace marlogl::check

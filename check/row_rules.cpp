@@ -91,7 +91,7 @@ using namespace examples;
 
 // A row is a rule, and reads as one.
 // clang-format off
-constexpr Rule rules[] = {
+constexpr Rule all_row_rules[] = {
     {"point-counted-twice", error, "a point of a row is given twice and counts as two",
      "Towers, roads, fences and beams use points 1 to n, where n is the number of Q records. A point\n"
      "that is given twice is overwritten, but counted twice.",
@@ -117,7 +117,7 @@ constexpr Rule rules[] = {
 
 std::span<const Rule> row_rules()
 {
-    return rules;
+    return all_row_rules;
 }
 
 } // namespace marlogl::check

@@ -6,7 +6,7 @@
 namespace {
 
 constexpr double margin = 1.05;
-constexpr double nearest = 1e-9; // of scenes without extent
+constexpr double closest = 1e-9; // of scenes without extent
 
 // How far the camera is from the centre of the scene, and moved to which side of it, in world units.
 struct Place {
@@ -53,7 +53,7 @@ Place find_place(std::span<const Vertex> vertices, Vec3 centre, const Axes &axes
         d = std::max(d, z * depth_y - y);
     }
     const double distance = margin * std::max((a + b) / (2 * tan_x), (c + d) / (2 * tan_y));
-    return {std::max(distance, nearest), (a - b) / 2, (c - d) / 2};
+    return {std::max(distance, closest), (a - b) / 2, (c - d) / 2};
 }
 
 } // namespace
@@ -80,7 +80,7 @@ void Camera::move(double right, double up)
 
 void Camera::approach(double factor, Vec3 point)
 {
-    const double wanted = std::clamp(distance * factor, nearest, 10 * largest_coordinate);
+    const double wanted = std::clamp(distance * factor, closest, 10 * largest_coordinate);
     focal_point = point + (focal_point - point) * (wanted / distance);
     distance = wanted;
 }
@@ -89,7 +89,7 @@ void Camera::stand_at(Vec3 place)
 {
     constexpr double degrees = 57.29577951308232;
     const Vec3 to = place - focal_point;
-    if (!(length(to) > nearest))
+    if (!(length(to) > closest))
         return;
     distance = length(to);
     direction.elevation = std::atan2(to.z, std::hypot(to.x, to.y)) * degrees;

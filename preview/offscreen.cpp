@@ -1,8 +1,9 @@
 #include "offscreen.h"
 
+#include "gl.h"
+
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
-#include <GL/gl.h>
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,8 +1,7 @@
 #include "overlay.h"
 
 #include "font.h"
-
-#include <GL/gl.h>
+#include "gl.h"
 
 #include <algorithm>
 

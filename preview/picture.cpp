@@ -1,6 +1,6 @@
 #include "picture.h"
 
-#include <GL/gl.h>
+#include "gl.h"
 
 #include <algorithm>
 #include <stdexcept>

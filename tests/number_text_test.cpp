@@ -62,8 +62,10 @@ TEST(NumberText, IsNotThereForANumberThatIsNotFinite)
               "overflow: the number 1e+16 is too large for hexadecimal digits");
 }
 
-// Of the values below one in so many is tried; with MARLOGL_ALL_NUMBERS in the environment, all are.
-const int one_in = std::getenv("MARLOGL_ALL_NUMBERS") != nullptr ? 1 : 10;
+// Of the values below one in so many is tried; that is up to the environment.
+const int one_in = std::getenv("MARLOGL_ALL_CASES") != nullptr   ? 1
+                   : std::getenv("MARLOGL_FEW_CASES") != nullptr ? 100
+                                                                 : 10;
 
 // The text that the digits themselves give.
 template <typename Put> std::string exact_text(Put put)

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 
 namespace marlogl::check {
@@ -19,7 +20,7 @@ std::vector<std::string> lines_of(const std::string &text)
 }
 
 // Values and records that lie at bounds or beyond them.
-constexpr std::string_view records[] = {
+constexpr std::string_view bad_records[] = {
     "P62 1",     "P58 1e308",       "P01 1e999", "P11 21",       "P11 300",      "P06 0",         "P31 1",
     "P01 70000", "P13 1",           "P04 1",     "Q181   0   0", "Q-01   0   0", "Q001999999999", "K-1Y",
     "F-1x",      "\\29  100100100", "\\-1",      "A40000",       "A99",          "C1e999",        "D1e308",
@@ -53,7 +54,7 @@ void damage(std::vector<std::string> &lines, Random &random)
         break;
     default: {
         const auto record =
-            records[static_cast<std::size_t>(random.below(static_cast<int>(std::size(records))))];
+            bad_records[static_cast<std::size_t>(random.below(static_cast<int>(std::size(bad_records))))];
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(any()), std::string(record));
     }
     }
@@ -74,22 +75,16 @@ bool names_the_place(const FileReport &report, const std::string &fault)
     return false;
 }
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr int scenes = 200; // they take twenty times as long
-#else
-constexpr int scenes = 2000;
-#endif
+// With MARLOGL_ALL_CASES in the environment, ten times as many.
+const unsigned scenes = std::getenv("MARLOGL_ALL_CASES") != nullptr ? 2000 : 200;
 
 TEST(Damage, NoErrorMeansThatTheConversionIsDone)
 {
     Random random;
-    int stopped = 0;
-    const std::pair<std::string, std::string> examples[] = {
-        {"scene.mr2", read_whole("examples/village/village.mr2")},
-        {"scene.mrl", read_whole("examples/hamlet/hamlet.mrl")},
-    };
-    for (int i = 0; i < scenes; ++i) {
-        const auto &[name, text] = examples[i % 2];
+    unsigned stopped = 0;
+    const SceneGenerator generator;
+    for (unsigned i = 0; i < scenes; ++i) {
+        const auto [name, text] = generator.scene(i);
         std::vector<std::string> lines = lines_of(text);
         for (int faults = random.from_to(1, 3); faults > 0; --faults)
             damage(lines, random);

@@ -71,14 +71,24 @@ std::vector<int> points_drawn(Trial &trial, const Kind &kind)
         });
     };
     const std::string output = trial.output();
-    for (int number = 0; number <= point_numbers.last; ++number) {
-        Point &point = trial.object().points(number);
-        const Point kept = point;
-        point.x = 9999;
-        point.y = 8888;
-        if (!is_corner(number) && trial.output() != output)
-            points.push_back(number);
-        point = kept;
+    // Many at once; where that draws something else, each half of them.
+    std::vector<std::pair<int, int>> ranges{{0, point_numbers.last}};
+    while (!ranges.empty()) {
+        const auto [first, last] = ranges.back();
+        ranges.pop_back();
+        const auto kept = trial.object().points;
+        for (int number = first; number <= last; ++number)
+            if (!is_corner(number)) {
+                trial.object().points(number).x = 9999;
+                trial.object().points(number).y = 8888;
+            }
+        const bool drawn = trial.output() != output;
+        trial.object().points = kept;
+        const int middle = first + (last - first) / 2;
+        if (drawn && first == last)
+            points.push_back(first);
+        else if (drawn)
+            ranges.insert(ranges.end(), {{middle + 1, last}, {first, middle}});
     }
     return points;
 }
@@ -117,6 +127,8 @@ TEST(Facts, EveryFaceDrawsFromItsPositionsAndNoOtherSlotDraws)
                 const Kind *kind = find_kind(version, type);
                 if (kind == nullptr || (kind->name == "guyed mast" && cell == 6 && value == 0))
                     continue; // without segments the drawing ends
+                if (version == 1 && cell != 0 && find_kind(2, kind->types[1]) == kind)
+                    continue; // the same drawing
                 SCOPED_TRACE(std::string(kind->name) + ", cell " + std::to_string(cell));
                 Trial trial(version, *kind);
                 Object &object = trial.object();

@@ -5,7 +5,7 @@ namespace marlogl {
 
 namespace {
 
-constexpr int rings = 7;
+constexpr int ring_count = 7;
 
 struct Basket {
     int first; // its points: lower and upper corner 0, lower and upper corner 1, ...
@@ -30,7 +30,7 @@ double record_rings(Pen &pen, Ring ring, double base)
 {
     constexpr int first_angle = 1;
     double height = base;
-    for (int r = 1; r <= rings; ++r) {
+    for (int r = 1; r <= ring_count; ++r) {
         height += pen.cell(r);
         const double radius = pen.cell(8 + r) / 2;
         for (int i = 0; i < ring.count; ++i) {
@@ -84,7 +84,7 @@ void draw_envelope(Pen &pen, Side side, int n, int bottom)
 {
     for (int i = 0; i < n; ++i)
         draw_cap_triangle(pen, side, 12, 50, bottom, i, next(i, n));
-    for (int r = 2; r <= rings; ++r) {
+    for (int r = 2; r <= ring_count; ++r) {
         if (!(pen.cell(r) > 0))
             continue;
         const int lower = (r - 2) * n, upper = (r - 1) * n;
@@ -92,7 +92,7 @@ void draw_envelope(Pen &pen, Side side, int n, int bottom)
             draw_face(pen, side, {r - 1, 4 * (r - 2) + 1},
                       {lower + i, upper + i, upper + next(i, n), lower + next(i, n)});
     }
-    const int top = bottom + 1, highest = (rings - 1) * n;
+    const int top = bottom + 1, highest = (ring_count - 1) * n;
     for (int i = 0; i < n; ++i)
         draw_cap_triangle(pen, side, 13, 53, highest + i, top, highest + next(i, n));
 }
