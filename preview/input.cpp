@@ -129,7 +129,9 @@ void Input::press_button()
 
 void Input::release_button()
 {
-    if (const auto [x, y] = cursor(); pressed_at_ > 0 && is_where_pressed())
+    if (!is_where_pressed())
+        pressed_at_ = -1; // a drag is not the first half of a double click
+    else if (const auto [x, y] = cursor(); pressed_at_ > 0)
         viewer_.select(x, y);
 }
 
