@@ -33,6 +33,9 @@ printf 'no design file\n' >town.txt
 expect 0 "0 errors, 0 warnings" clean.mr2
 expect 0 "warned.mr2:6:1: warning: face 4 (right wall) is on but has no texture name; add an F04 record [face-without-texture]" warned.mr2
 grep -qx '    object 1 "Old barn", gabled house' out || fail "the object is not told"
+printf 'P06 1 0\n\nA23\nP01 2\n' | cat warned.mr2 - >twice.mr2
+expect 0 "twice.mr2:7:4" twice.mr2
+grep -o '^twice[^ ]*' out | sort -c -t: -k2n || fail "findings are not in the order of the lines"
 expect 1 "1 warning" --strict warned.mr2
 expect 0 "0 warnings" --strict --disable=face-without-texture,draws-nothing warned.mr2
 expect 1 "wrong.mr2:2:1: error: parameter cell 72 is outside 0 to 61 [stops-reading]" clean.mr2 wrong.mr2 warned.mr2

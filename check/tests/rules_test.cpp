@@ -150,6 +150,10 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
          "[unknown-type]"},
         {"A19\nP11 12\n",
          "12: warning: this object draws nothing: none of its faces has both K..Y and F [draws-nothing]"},
+        {"A22\nP02 80\n", "13: warning: cell 2 is 80; without \"P02 90\" the output gets a tilt command "
+                          "[tower-not-upright]"},
+        {"A5\nP01 9\nP11 5\nK03Y\n", "15: warning: face 3 (wall 3) is on but has no texture name; add an F03 "
+                                     "record [face-without-texture]"},
         {"A2\nK3001\n", ""},
         {"A2\nK3003\n", "13: error: K30 names object 3; there are 2 [instance-of-nothing]"},
         {"A0\nA2\nK3002\n", "14: error: K30 names object 2, which is of type 0 [instance-of-nothing]"},

@@ -1,3 +1,4 @@
+#include "edges.h"
 #include "other_sides.h"
 #include "scene.h"
 
@@ -78,6 +79,7 @@ TEST(Statements, EveryLineIsReadSkippedOrReported)
         {"glVertex3d 1, 2, 3 );", "", "glVertex3d: ( is missing"},
         {"glVertex3dd( 1, 2, 3 );", "", "no statement is known that starts like this"},
         {"glTexCoord2f( 0.403922f, -1.000000f );", "coord 0.403922 -1;", ""},
+        {"glTexCoord2d( 0.5, 2 );", "coord 0.5 2;", ""},
         {"glEnd(); glBegin( GL_LINES ); // and so on", "end;begin lines;", ""},
         {"glEnd(); nonsense", "end;", "no statement is known that starts like this"},
         {"glEnable( GL_FOG ); glDisable( GL_TEXTURE_2D );", "on;off 2d;", ""},
@@ -194,6 +196,32 @@ TEST(Scene, TheOtherSideOfAFaceHasItsCornersTheOtherWayRound)
     const Scene scene =
         read_scene(face("abcd") + face("bcda") + face("badc") + face("acbd") + face("bad"), problems);
     EXPECT_EQ(find_other_sides(scene), (std::vector{no_face, 2u, 1u, no_face, no_face}));
+}
+
+TEST(Scene, HasEdgesWhereFacesEndOrBend)
+{
+    struct {
+        int height;
+        std::size_t sharp, smooth;
+    } rows[] = {
+        {0, 6, 0},
+        {1, 6, 1},
+        {4, 7, 0}
+    };
+    for (const auto &[height, sharp, smooth] : rows) {
+        const std::string up = ", " + std::to_string(height) + " );";
+        Problems problems;
+        const Scene scene =
+            read_scene("glBegin( GL_POLYGON ); glVertex3d( 0, 0, 0 ); glVertex3d( 4, 0, 0 ); "
+                       "glVertex3d( 4, 4, 0 ); glVertex3d( 0, 4, 0 ); glEnd();\n"
+                       "glBegin( GL_POLYGON ); glVertex3d( 4, 0, 0 ); glVertex3d( 8, 0" +
+                           up + " glVertex3d( 8, 4" + up + " glVertex3d( 4, 4, 0 ); glEnd();\n",
+                       problems);
+        const Vec3 flat{0, 0, 1}, bent = unit({-1.0 * height, 0, 4});
+        const Edges edges = find_edges(scene, {flat, bent});
+        EXPECT_EQ(edges.sharp.size(), sharp) << height;
+        EXPECT_EQ(edges.smooth.size(), smooth) << height;
+    }
 }
 
 TEST(Scene, ObjectsAreCountedByTheirNumberLines)
