@@ -154,6 +154,7 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
                           "[tower-not-upright]"},
         {"A5\nP01 9\nP11 5\nK03Y\n", "15: warning: face 3 (wall 3) is on but has no texture name; add an F03 "
                                      "record [face-without-texture]"},
+        {"A7\nP31 2\n", "13: warning: cell 31 is 2; only 1 switches it on [switch-value]"},
         {"A2\nK3001\n", ""},
         {"A2\nK3003\n", "13: error: K30 names object 3; there are 2 [instance-of-nothing]"},
         {"A0\nA2\nK3002\n", "14: error: K30 names object 2, which is of type 0 [instance-of-nothing]"},

@@ -211,14 +211,13 @@ TEST(Scene, HasEdgesWhereFacesEndOrBend)
     for (const auto &[height, sharp, smooth] : rows) {
         const std::string up = ", " + std::to_string(height) + " );";
         Problems problems;
-        const Scene scene =
-            read_scene("glBegin( GL_POLYGON ); glVertex3d( 0, 0, 0 ); glVertex3d( 4, 0, 0 ); "
-                       "glVertex3d( 4, 4, 0 ); glVertex3d( 0, 4, 0 ); glEnd();\n"
-                       "glBegin( GL_POLYGON ); glVertex3d( 4, 0, 0 ); glVertex3d( 8, 0" +
-                           up + " glVertex3d( 8, 4" + up + " glVertex3d( 4, 4, 0 ); glEnd();\n",
-                       problems);
-        const Vec3 flat{0, 0, 1}, bent = unit({-1.0 * height, 0, 4});
-        const Edges edges = find_edges(scene, {flat, bent});
+        const std::string flat = "glBegin( GL_POLYGON ); glVertex3d( 0, 0, 0 ); glVertex3d( 4, 0, 0 ); "
+                                 "glVertex3d( 4, 4, 0 ); glVertex3d( 0, 4, 0 ); glEnd();\n";
+        const std::string bent = "glBegin( GL_POLYGON ); glVertex3d( 4, 0, 0 ); glVertex3d( 8, 0" + up +
+                                 " glVertex3d( 8, 4" + up + " glVertex3d( 4, 4, 0 ); glEnd();\n";
+        const Scene scene = read_scene(flat + flat + bent, problems); // two sides of one wall
+        const Vec3 upwards{0, 0, 1};
+        const Edges edges = find_edges(scene, {upwards, upwards, unit({-1.0 * height, 0, 4})});
         EXPECT_EQ(edges.sharp.size(), sharp) << height;
         EXPECT_EQ(edges.smooth.size(), smooth) << height;
     }
