@@ -45,49 +45,45 @@ constexpr Double2 operator*(Double2 a, Double2 b)
     return sum(p.high, p.low + a.high * b.low + a.low * b.high);
 }
 
-constexpr Double2 operator/(Double2 a, double b)
-{
-    const double q = a.high / b;
-    const Double2 back = product(q, b);
-    return sum(q, (a.high - back.high - back.low + a.low) / b);
-}
+// A point that goes round in steps of a degree.
+struct Turn {
+    std::array<double, 360> cosines, sines;
+};
 
-// The Taylor series of the sine (first power 1) or the cosine (first power 0).
-constexpr double series(double angle, int first_power)
+constexpr Turn whole_turn()
 {
-    const Double2 square = product(angle, angle);
-    Double2 term = first_power == 1 ? Double2{angle, 0} : Double2{1, 0};
-    Double2 total = term;
-    for (int power = first_power; power < 60; power += 2) {
-        term = term * square / ((power + 1) * (power + 2));
-        term = {-term.high, -term.low};
-        total = total + term;
+    constexpr double step = 3.1415926 / 180;
+    // Of a step, to thirty digits.
+    constexpr Double2 cosine{0.9998476951615872, -3.60577414769112e-17};
+    constexpr Double2 sine{0.017452406139607784, -4.395024230014537e-19};
+    constexpr Double2 minus_sine{-sine.high, -sine.low};
+    Turn turn{};
+    Double2 x{1, 0}, y{0, 0};
+    for (std::size_t degree = 0; degree < 360; ++degree) {
+        // So many steps are an angle before it is rounded. What is rounded off is turned back: so small, its
+        // sine is itself and its cosine 1.
+        const double rest = product(static_cast<double>(degree), step).low;
+        turn.cosines[degree] = (x + y * Double2{rest, 0}).high;
+        turn.sines[degree] = (y + x * Double2{-rest, 0}).high;
+        const Double2 next_x = x * cosine + y * minus_sine;
+        y = y * cosine + x * sine;
+        x = next_x;
     }
-    return total.high;
+    return turn;
 }
 
-using Degrees = std::array<double, 360>;
-
-constexpr Degrees table(int first_power)
-{
-    Degrees values{};
-    for (int degree = 0; degree < 360; ++degree)
-        values[static_cast<std::size_t>(degree)] = series(degree * (3.1415926 / 180), first_power);
-    return values;
-}
-
-constexpr Degrees sines = table(1), cosines = table(0);
+constexpr Turn turn = whole_turn();
 
 } // namespace
 
 double cosine(int degrees)
 {
-    return cosines[static_cast<std::size_t>(degrees)];
+    return turn.cosines[static_cast<std::size_t>(degrees)];
 }
 
 double sine(int degrees)
 {
-    return sines[static_cast<std::size_t>(degrees)];
+    return turn.sines[static_cast<std::size_t>(degrees)];
 }
 
 } // namespace marlogl
