@@ -254,7 +254,7 @@ window()
     xdotool click 4
     shows "the wheel" "red.count > 1.1 * then.red.count"
     xdotool keydown shift mousemove 200 150 mousedown 1 mousemove 230 150 mouseup 1 keyup shift
-    shows "moving" "15 < red.right - then.red.right < 40 and abs(red.top - then.red.top) < 3"
+    shows "moving" "15 < red.right - then.red.right < 40 and abs(red.top - then.red.top) < 3 and dark.count > 200"
     xdotool key e
     shows "leaving out the edges" "dark.count < then.dark.count / 4"
     xdotool key r
@@ -281,25 +281,26 @@ window()
     shows "help" "dark.count > then.dark.count + 10000"
     leave
     cp house.mr2 live.mr2
-    "$program" live.mr2 --watch --resolution=400,300 >out 2>err &
+    # While something moves, a slow machine leaves out shadows and edges; what is compared has neither.
+    "$program" live.mr2 --watch --no-shadows --no-edges --resolution=400,300 >out 2>err &
     viewer=$!
     timeout 30 xdotool search --sync --name "marlogl-preview - live.mr2" >/dev/null || fail "no window: $(cat err)"
     shows "a house" "dark.count > 100 and keep()"
     xdotool mousemove 200 150 click 4
-    shows "coming closer" "unlike > 500 and keep()"
+    shows "coming closer" "unlike > 10000 and keep()"
     xdotool click 1
     until_it test -s out || fail "a click tells nothing"
-    shows "choosing a face" "unlike > 1000"
+    shows "choosing a face" "unlike > 6000"
     grep -q '^live.mr2:1: object 1 "house", gabled house, texture "side.bmp" of face slot 1 (line 8), 2 (line 10)' out ||
         fail "a click tells: $(cat out)"
     xdotool key F12
     until_it test -s live.png || fail "F12 writes no picture"
     xdotool key F5
-    shows "the file, loaded again, as before" "unlike < 100"
+    shows "the file, loaded again, as before" "unlike < 3000"
     echo 'P72 1' >>live.mr2
-    shows "a fault in the design file" "unlike > 1000"
+    shows "a fault in the design file" "unlike > 6000"
     cp house.mr2 live.mr2.new && mv live.mr2.new live.mr2
-    shows "the file without the fault as before" "unlike < 100"
+    shows "the file without the fault as before" "unlike < 3000"
     leave
 }
 
