@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <span>
 
 namespace marlogl::check {
 
@@ -60,63 +61,85 @@ constexpr struct {
 
 constexpr int corners = 5;
 
-// The points that change what an object draws, but for the corners of its outlines.
-std::vector<int> points_drawn(Trial &trial, const Kind &kind)
+// The numbers of all points but the corners of a kind's outlines.
+std::vector<int> free_points(const Kind &kind)
 {
     std::vector<int> points;
     const std::vector<Outline> outlines = outlines_of(kind);
-    const auto is_corner = [&](int number) {
-        return std::any_of(outlines.begin(), outlines.end(), [&](const Outline &outline) {
-            return number > outline.before && number <= outline.before + corners;
-        });
-    };
-    const std::string output = trial.output();
-    // Many at once; where that draws something else, each half of them.
-    std::vector<std::pair<int, int>> ranges{{0, point_numbers.last}};
-    while (!ranges.empty()) {
-        const auto [first, last] = ranges.back();
-        ranges.pop_back();
-        const auto kept = trial.object().points;
-        for (int number = first; number <= last; ++number)
-            if (!is_corner(number)) {
-                trial.object().points(number).x = 9999;
-                trial.object().points(number).y = 8888;
-            }
-        const bool drawn = trial.output() != output;
-        trial.object().points = kept;
-        const int middle = first + (last - first) / 2;
-        if (drawn && first == last)
-            points.push_back(first);
-        else if (drawn)
-            ranges.insert(ranges.end(), {{middle + 1, last}, {first, middle}});
-    }
+    for (int number = 0; number <= point_numbers.last; ++number)
+        if (std::none_of(outlines.begin(), outlines.end(), [&](const Outline &outline) {
+                return number > outline.before && number <= outline.before + corners;
+            }))
+            points.push_back(number);
     return points;
+}
+
+using Points = std::span<const int>;
+
+// Whether an object draws something else where some of its points lie elsewhere.
+bool draws(Trial &trial, Points points, const std::string &output)
+{
+    const auto kept = trial.object().points;
+    for (const int number : points) {
+        trial.object().points(number).x = 9999;
+        trial.object().points(number).y = 8888;
+    }
+    const bool differs = trial.output() != output;
+    trial.object().points = kept;
+    return differs;
+}
+
+// Those of some points that an object draws from: where it draws from any, those of each half.
+std::vector<int> points_drawn(Trial &trial, Points points, const std::string &output)
+{
+    if (points.empty() || !draws(trial, points, output))
+        return {};
+    if (points.size() == 1)
+        return {points[0]};
+    const std::size_t half = points.size() / 2;
+    std::vector<int> drawn = points_drawn(trial, points.first(half), output);
+    for (const int number : points_drawn(trial, points.subspan(half), output))
+        drawn.push_back(number);
+    return drawn;
 }
 
 void compare_faces(Trial &trial, const Kind &kind, bool with_positions)
 {
     Object &object = trial.object();
     const std::string without = trial.output();
-    const std::vector<int> always = with_positions ? points_drawn(trial, kind) : std::vector<int>();
+    const std::vector<int> points = with_positions ? free_points(kind) : std::vector<int>();
+    const std::vector<int> always = points_drawn(trial, points, without);
     ObjectLines lines;
     const Drawn drawn;
     const ObjectSeen seen{
         Scene(), object, 1, 1, 0, &kind, lines, drawn, nullptr, false, faces_of(kind, object)};
-    for (int slot = 0; slot <= face_slots.last; ++slot) {
-        const Face *face = seen.face(slot);
+    const Object plain = object;
+    const auto is_switch = [&kind](int slot) { return uses_code(kind, slot) || uses_text(kind, slot); };
+    const auto switch_on = [&object](int slot) {
         object.codes(slot) = "Y ";
         object.texts(slot) = "wood";
-        const bool is_switch = uses_code(kind, slot) || uses_text(kind, slot);
-        EXPECT_TRUE(is_switch || (trial.output() != without) == (face != nullptr)) << "face " << slot;
-        if (with_positions && face != nullptr) {
-            std::vector<int> wanted = always, points = points_drawn(trial, kind);
-            wanted.insert(wanted.end(), face->positions.begin(), face->positions.end());
-            std::sort(wanted.begin(), wanted.end());
-            EXPECT_EQ(points, wanted) << face->name;
-        }
-        object.codes(slot) = "  ";
-        object.texts(slot).clear();
+    };
+    for (int slot = 0; slot <= face_slots.last; ++slot) {
+        const Face *face = seen.face(slot);
+        if (face == nullptr)
+            continue;
+        switch_on(slot);
+        const std::string with = trial.output();
+        EXPECT_TRUE(is_switch(slot) || with != without) << "face " << slot;
+        std::vector<int> others;
+        for (const int point : points)
+            if (std::count(face->positions.begin(), face->positions.end(), point) > 0)
+                EXPECT_TRUE(draws(trial, {&point, 1}, with)) << face->name << ", point " << point;
+            else if (std::count(always.begin(), always.end(), point) == 0)
+                others.push_back(point);
+        EXPECT_FALSE(draws(trial, others, with)) << face->name;
+        object = plain;
     }
+    for (int slot = 0; slot <= face_slots.last; ++slot)
+        if (seen.face(slot) == nullptr && !is_switch(slot))
+            switch_on(slot);
+    EXPECT_EQ(trial.output(), without) << "a slot without a face draws";
+    object = plain;
 }
 
 TEST(Facts, EveryFaceDrawsFromItsPositionsAndNoOtherSlotDraws)
