@@ -162,8 +162,11 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
          "15: error: K30 names object 2, which is an instance itself; name object 1 "
          "[instance-of-instance]"},
         {"A20\nQ00150005000     P\nQ00350005000     P\nP50 0\nQ00150005000     P\n", ""},
+        {"A20\nQ00150005000     P\nQ00250005100\nQ00350005200     L\nQ00450005300     P\n", ""},
         {"A20\nQ00150005000     L\nQ00050005000\nQ00252005000     L\n",
          "14: warning: Q000 counts as a point; the last point of the row is then missing [point-zero]"},
+        {"A21\nP02 9\nQ0015000500061\n",
+         "14: warning: colour \"61\" is outside 1 to 60 and becomes 1 [colour-number]"},
         {"A22\nP02 90\nQ0015000500061Y  H\nQ0025000501001Y  H\n",
          "14: warning: colour \"61\" is outside 1 to 60 and becomes 11 [colour-number]"},
         {"A22\nP02 90\nQ001500050001 Y H \nQ0025000501001Y  H\n",
@@ -263,6 +266,8 @@ TEST(Rules, LookAtTheFilesBesideTheDesignFile)
               "MarlOgl.dat:1: error: the name ends in neither .mrl nor .mr2; the output will be empty "
               "[wrong-ending]\n");
     EXPECT_NE(told_of_all("scene.ogl", "").find("stops-run"), 0u);
+    EXPECT_EQ(told_of_all("scene.mr2", house + "A23\nBa): b\nC1e999\n"),
+              "scene.mr2:12: error: the number \"1e999\" is too large [stops-drawing]\n");
     files["scene.mr2"] = "A20\nK0105\nQ00150005000     P\n";
     EXPECT_EQ(told_of_all("appl/colors.tab", ""),
               "scene.mr2:1: error: the file \"./appl/colors.tab\" ends where a line is expected "
