@@ -242,13 +242,19 @@ TEST(Run, NoticesEveryOperationThatFails)
 
 TEST(Run, WritesLinesOfAnyLength)
 {
-    for (const std::size_t length : {Output::capacity - 400, Output::capacity - 56, Output::capacity - 55,
-                                     Output::capacity, 3 * Output::capacity}) {
-        const std::string name(length, 'n');
-        EXPECT_TRUE(
-            convert(given(2, "A3\nB" + name + "\nA3\nBx" + name + "\nA3\nBy")).output ==
-            framed("0.3048", announced("01", name) + announced("02", 'x' + name) + announced("03", "y")))
-            << length;
+    constexpr std::size_t most = Output::most_in_buffer;
+    for (const std::size_t length : {most / 3, most - 400, most - 56, most - 55, most, 3 * most}) {
+        std::string design, output;
+        for (int object = 11; object <= 70; ++object) {
+            const std::string name(length + static_cast<std::size_t>(object % 7), 'n');
+            design += "A3\nB" + name + '\n';
+            output += announced(std::to_string(object), name);
+        }
+        for (int object = 10; object >= 1; --object) {
+            design = "A3\nBy\n" + design;
+            output = announced((object < 10 ? "0" : "") + std::to_string(object), "y") + output;
+        }
+        EXPECT_TRUE(convert(given(2, design)).output == framed("0.3048", output)) << length;
     }
 }
 

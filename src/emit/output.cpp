@@ -1,5 +1,6 @@
 #include "emit/output.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace marlogl {
@@ -12,7 +13,17 @@ Output::~Output()
         file_->abandon(pending());
 }
 
+// What is beyond a block stays.
 void Output::flush()
+{
+    const std::string_view rest = pending().substr(std::min(block(), pending().size()));
+    next_ -= rest.size();
+    write_all();
+    next_ = std::copy(rest.begin(), rest.end(), next_);
+    end_ = buffer_.get() + block() + usual_need;
+}
+
+void Output::write_all()
 {
     const std::string_view lines = pending();
     ++flushes_;
@@ -21,15 +32,9 @@ void Output::flush()
         file_->write(lines);
 }
 
-void Output::write_long(std::string_view line)
-{
-    flush();
-    file_->write(line);
-}
-
 void Output::close()
 {
-    flush();
+    write_all();
     const std::unique_ptr<OutputFile> closing = std::move(file_);
     closing->close();
 }

@@ -58,7 +58,8 @@ template <std::size_t Capacity> class KeptLines {
 
 class Output {
   public:
-    static constexpr std::size_t capacity = 128 * 1024;
+    /// What a line may take that is built in the buffer.
+    static constexpr std::size_t most_in_buffer = 32 * 1024;
 
     /// Creates the file, or empties it. Errors: missing_file (no such folder), input_output.
     Output(FileSystem &files, const std::string &path);
@@ -73,9 +74,10 @@ class Output {
         using namespace output;
         const std::size_t most = (most_characters(parts) + ... + 2);
         if (most > room()) [[unlikely]] {
-            if (most > capacity) {
+            if (most > most_in_buffer) {
                 std::string long_line(most, '\0');
-                write_long({long_line.data(), put_line(long_line.data(), parts...)});
+                write_all();
+                file_->write({long_line.data(), put_line(long_line.data(), parts...)});
                 return;
             }
             flush();
@@ -103,13 +105,13 @@ class Output {
     {
         return {buffer_.get(), static_cast<std::size_t>(next_ - buffer_.get())};
     }
-    std::size_t room() const { return static_cast<std::size_t>(buffer_.get() + capacity - next_); }
+    std::size_t room() const { return static_cast<std::size_t>(end_ - next_); }
     void flush();
+    void write_all();
 
     // Lines that need more than the room made here, or than there is to keep them, are written each time.
     template <std::size_t Capacity, typename Write> void keep(KeptLines<Capacity> &kept, Write write)
     {
-        constexpr std::size_t usual_need = 4096;
         if (room() < usual_need)
             flush();
         char *const start = next_;
@@ -122,12 +124,16 @@ class Output {
         }
     }
 
-    void write_long(std::string_view line);
+    // The file gets whole blocks, which the system takes in two thirds of the time. The first ones are small:
+    // memory takes time, too, where it is used for the first time.
+    std::size_t block() const { return flushes_ < 8 ? most_in_buffer : most_block; }
+
+    static constexpr std::size_t most_block = 128 * 1024, usual_need = 4096;
 
     std::unique_ptr<OutputFile> file_;
-    // Lines are built in place; between two calls it holds whole lines only.
-    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
-    char *next_ = buffer_.get();
+    // Lines are built in place, some beyond a block.
+    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(most_block + usual_need);
+    char *next_ = buffer_.get(), *end_ = next_ + most_in_buffer + usual_need;
     int flushes_ = 0;
 };
 

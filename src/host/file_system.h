@@ -23,8 +23,8 @@ class OutputFile {
   public:
     virtual ~OutputFile() = default;
 
-    /// Appends `text`, which holds whole lines. When the file does not take all of it, the file is cut after
-    /// the last whole line that it took. Errors: input_output; nothing may be written after one.
+    /// Appends `text`, which may end within a line. When the file does not take all of it, the file is cut
+    /// after the last whole line that it took. Errors: input_output; nothing may be written after one.
     virtual void write(std::string_view text) = 0;
 
     /// Errors: input_output, when what was written can't be kept.

@@ -263,21 +263,21 @@ class SystemOutputFile : public OutputFile {
         if (full_)
             return false;
         const std::size_t written = write_all(file_.number, text);
+        if (const std::size_t end = text.substr(0, written).rfind('\n'); end != text.npos)
+            whole_lines_ = size_ + static_cast<std::int64_t>(end + 1);
+        size_ += static_cast<std::int64_t>(written);
         full_ = written < text.size();
         if (full_) {
             const int cause = errno;
-            const std::size_t last_end = text.substr(0, written).rfind('\n');
-            const std::size_t whole_lines = last_end == text.npos ? 0 : last_end + 1;
             // A device or a pipe can't be cut; what it took stays.
-            cut(file_.number, size_ + static_cast<std::int64_t>(whole_lines));
+            cut(file_.number, whole_lines_);
             errno = cause;
         }
-        size_ += static_cast<std::int64_t>(written);
         return !full_;
     }
 
     Descriptor file_;
-    std::int64_t size_ = 0;
+    std::int64_t size_ = 0, whole_lines_ = 0;
     bool full_ = false;
 };
 
