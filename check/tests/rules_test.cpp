@@ -117,6 +117,7 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"K1Y\n",
          "12: error: columns 2 to 3 hold no slot number but \"1Y\", which is read as 1; write \"K01Y\" "
          "[slot-not-two-digits]"},
+        {"K31x\nK31y\n", "13: warning: \"K31\" is given again; line 12 has no effect [given-twice]"},
         {"P 3 1\nP3 1\n", "13: warning: \"P3 \" is given again; line 12 has no effect [given-twice]"},
         {"J15\nJ14\n", "13: warning: \"J\" is given again; line 12 has no effect [given-twice]"},
         {"J16\n", "12: warning: there is no scale level \"16\", so the scale is that of a file without a J "

@@ -79,7 +79,7 @@ TEST(Statements, EveryLineIsReadSkippedOrReported)
         {"glVertex3d 1, 2, 3 );", "", "glVertex3d: ( is missing"},
         {"glVertex3dd( 1, 2, 3 );", "", "no statement is known that starts like this"},
         {"glTexCoord2f( 0.403922f, -1.000000f );", "coord 0.403922 -1;", ""},
-        {"glTexCoord2d( 0.5, 2 );", "coord 0.5 2;", ""},
+        {"glTexCoord2d( 0.5, 2 ); glVertex3f( 1, 2, 3 );", "coord 0.5 2;vertex 1 2 3;", ""},
         {"glEnd(); glBegin( GL_LINES ); // and so on", "end;begin lines;", ""},
         {"glEnd(); nonsense", "end;", "no statement is known that starts like this"},
         {"glEnable( GL_FOG ); glDisable( GL_TEXTURE_2D );", "on;off 2d;", ""},
@@ -167,12 +167,13 @@ TEST(Scene, NormalsFollowTheFaceAndAreMadeUpWhereTheyAreMissing)
         std::string text;
         Vec3 normal;
     } rows[] = {
-        {polygon,                                                              {0, 0, -1}           },
-        {with_normal,                                                          {0, 0, -1}           },
-        {"glBegin( GL_POLYGON ); glNormal3d( 0, 0, 7 );" + polygon.substr(23), {0, 0, -1}           },
-        {"glRotated( 90, 1, 0, 0 );" + with_normal,                            {0, 1, 0}            },
-        {"glRotated( 45, 0, 1, 0 ); glScalef( 1, 1, 9 );" + with_normal,       {-0.7071, 0, -0.7071}},
-        {"glBegin( GL_POLYGON ); glNormal3d( 0, 0, 0 );" + polygon.substr(23), {0, 0, -1}           },
+        {polygon,                                                               {0, 0, -1}           },
+        {with_normal,                                                           {0, 0, -1}           },
+        {"glBegin( GL_POLYGON ); glNormal3d( 0, 0, 7 );" + polygon.substr(23),  {0, 0, -1}           },
+        {"glRotated( 90, 1, 0, 0 );" + with_normal,                             {0, 1, 0}            },
+        {"glRotated( 45, 0, 1, 0 ); glScalef( 1, 1, 9 );" + with_normal,        {-0.7071, 0, -0.7071}},
+        {"glBegin( GL_POLYGON ); glNormal3d( 0, 3, -4 );" + polygon.substr(23), {0, 0.6, -0.8}       },
+        {"glBegin( GL_POLYGON ); glNormal3d( 0, 0, 0 );" + polygon.substr(23),  {0, 0, -1}           },
     };
     for (const auto &row : rows) {
         Problems problems;
