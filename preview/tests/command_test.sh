@@ -113,6 +113,7 @@ usage()
     expect 1 "it holds no statement" letter.txt --no-render
     expect 1 "is there a display?" town.ogl
     expect 0 "missing textures        1" town.ogl --no-render --verbose --texture-dir . --texture-dir=..
+    grep -qx "concave faces           0" out || fail "--verbose: concave faces"
     expect 0 "town.ogl:11: glVertex3d: argument 3 cannot be read" town.ogl --no-render
     expect 0 'town.ogl:4: texture "brick.bmp" is missing; it was looked for in .' town.ogl --no-render
     expect 0 "town.ogl: the last four lines are missing" town.ogl --no-render
