@@ -166,6 +166,8 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"A20\nQ00150005000     P\nQ00250005100\nQ00350005200     L\nQ00450005300     P\n", ""},
         {"A20\nQ00150005000     L\nQ00050005000\nQ00252005000     L\n",
          "14: warning: Q000 counts as a point; the last point of the row is then missing [point-zero]"},
+        {"A20\nK0161\nQ00150005000     P\n",
+         "13: warning: colour \"61\" is outside 1 to 60 and becomes 1 [colour-number]"},
         {"A21\nP02 9\nQ0015000500061\n",
          "14: warning: colour \"61\" is outside 1 to 60 and becomes 1 [colour-number]"},
         {"A22\nP02 90\nQ0015000500061Y  H\nQ0025000501001Y  H\n",
