@@ -53,6 +53,8 @@ TEST(Failures, BeginRightBehindTheLimitsOfTheTables)
     => overflow: scene.mrl: object 2: antenna position (cell 45) -32769 is outside -32768 to 32767
 1V1e300 => end
 2/V1e309 => overflow: scene.mr2:2: record "V1e309": the number "1e309" is too large
+2W                                                                     1e309
+    => overflow: scene.mr2:1: record "W                   ...": the number "1e309" is too large
 2x => end
 2 => past end: the file "scene.mr2" ends where a line is expected
 )";
@@ -66,6 +68,7 @@ TEST(Failures, BeginRightBehindTheLimitsOfTheObjects)
 {
     const std::string table = R"(
 2A3/D1e8 => glTranslated( 0, 100000000, 0 );
+2A7/P02 9/P060.5 => //                                                  DrawToPt(  14 )
 2A3/BX/D1e309 => overflow: object 1 "X" (type 3): the number "1e309" is too large
 1A6/P03 9/P0674 =>       glVertex3d( -1, -1, 18 );
 1A6/BMast/P03 9/P0675 => index: object 1 "Mast" (type 6, guyed mast): vertex table row 301 is outside 0 to 300

@@ -213,8 +213,7 @@ void draw_tower(Pen &pen)
         draw_line_block(tower, members);
     if (!horizontal.empty())
         write_horizontal_section(tower, horizontal);
-    if (!vertical.empty())
-        write_vertical_section(tower, vertical, has_lights);
+    write_vertical_section(tower, vertical, has_lights);
     if (has_lights)
         write_light_block(tower, members);
 }
