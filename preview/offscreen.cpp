@@ -66,7 +66,7 @@ void mix_samples(const std::uint8_t *from, std::size_t columns, std::uint8_t *to
     static_assert(oversampling == 2);
     const std::size_t stride = columns * 8;
     const auto mix_pixel = [=](const std::uint8_t *corner) {
-        // Every other byte, with room for the sum of four.
+        // Every other byte, with room for the sum of four; it begins with a half of 4, which rounds.
         std::uint32_t even = 0x20002, odd = even;
         for (const std::size_t sample : {std::size_t{0}, std::size_t{4}, stride, stride + 4}) {
             std::uint32_t pixel = 0;

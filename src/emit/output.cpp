@@ -13,7 +13,8 @@ Output::~Output()
         file_->abandon(pending());
 }
 
-// What is beyond a block stays.
+// What is beyond a block stays. That is no more than the usual need, so behind it there is room for any line
+// that is built in the buffer.
 void Output::flush()
 {
     const std::string_view rest = pending().substr(std::min(block(), pending().size()));
