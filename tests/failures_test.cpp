@@ -2,7 +2,6 @@
 #include "support/cases.h"
 #include "support/design.h"
 
-#include <cstdlib>
 
 namespace marlogl {
 
@@ -172,16 +171,12 @@ std::string object_records(int type)
     return lines + "Q001501050209 YSPL\nQ002502050109 123L\nQ00350104990  Y P \nQ004499050009  1P\n";
 }
 
-// Of the prefixes that end within a record one in so many is tried; with MARLOGL_ALL_CASES in the
-// environment, all are.
-const std::size_t step = std::getenv("MARLOGL_ALL_CASES") != nullptr ? 1 : 10;
-
-// convert tests what holds for every output.
+// Of the prefixes that end within a record one in so many is tried; convert tests what holds for every output.
 void expect_order_for_every_prefix(int version, const std::string &whole)
 {
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const bool ends_a_record = length == whole.size() || (length > 0 && whole[length - 1] == '\n');
-        if (!ends_a_record && length % step != 0)
+        if (!ends_a_record && static_cast<int>(length) % one_in != 0)
             continue;
         const Converted converted = convert(given(version, whole.substr(0, length)));
         EXPECT_TRUE(converted.has_output) << length;

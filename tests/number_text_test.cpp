@@ -62,11 +62,6 @@ TEST(NumberText, IsNotThereForANumberThatIsNotFinite)
               "overflow: the number 1e+16 is too large for hexadecimal digits");
 }
 
-// Of the values below one in so many is tried; that is up to the environment.
-const int one_in = std::getenv("MARLOGL_ALL_CASES") != nullptr   ? 1
-                   : std::getenv("MARLOGL_FEW_CASES") != nullptr ? 100
-                                                                 : 10;
-
 // The text that the digits themselves give.
 template <typename Put> std::string exact_text(Put put)
 {

@@ -1,9 +1,8 @@
 // Scenes without a fault: the checker has nothing to say of them but notes.
 #include "support.h"
+#include "support/cases.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace marlogl::check {
 
@@ -33,9 +32,8 @@ TEST(Clean, Manual)
 TEST(Clean, GeneratedScenes)
 {
     const SceneGenerator generator;
-    const unsigned step = std::getenv("MARLOGL_ALL_CASES") != nullptr ? 1 : 10;
-    for (unsigned seed = 1; seed <= 200; seed += step) {
-        const auto [name, scene] = generator.scene(seed);
+    for (int seed = 1; seed <= 200 / one_in; ++seed) {
+        const auto [name, scene] = generator.scene(static_cast<unsigned>(seed));
         ASSERT_EQ(told(name, scene), "") << scene;
         ASSERT_EQ(conversion_fault(name, scene), "");
     }

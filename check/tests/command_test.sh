@@ -2,28 +2,8 @@
 # command_test.sh PROGRAM ROOT: the options, the exit statuses and the forms of the report.
 program=$1
 root=$2
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
-failures=0
-
-fail()
-{
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
-
-# expect STATUS TEXT ARGUMENT...: the exit status, and a text that one of the two outputs holds.
-expect()
-{
-    wanted=$1
-    text=$2
-    shift 2
-    "$program" "$@" >out 2>err
-    status=$?
-    [ $status -eq "$wanted" ] || fail "$*: status $status, not $wanted"
-    grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
-}
+# shellcheck source=tests/support/expect.sh
+. "$root/tests/support/expect.sh"
 
 cp "$root/examples/village/village.mr2" clean.mr2
 printf 'A23\nBOld barn\nP01 13\nP02 36\nP07 30\nK04Y\n' >warned.mr2

@@ -1,9 +1,9 @@
 // Damaged scenes: the checker and the converter agree about what stops a conversion.
 #include "support.h"
+#include "support/cases.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <sstream>
 
 namespace marlogl::check {
@@ -36,28 +36,21 @@ void damage(std::vector<std::string> &lines, Random &random)
     const auto character = [&] {
         return static_cast<std::size_t>(random.below(static_cast<int>(line.size()) + 1));
     };
-    switch (random.below(7)) {
-    case 0:
+    const int kind = random.below(7);
+    if (kind == 0)
         line.insert(character(), 1, "0123456789 -.eEAPQKF\\\r\t"[random.below(23)]);
-        break;
-    case 1:
+    else if (kind == 1)
         line = line.substr(0, character());
-        break;
-    case 2:
+    else if (kind == 2)
         line.erase(std::min(character(), line.size()), 1);
-        break;
-    case 3:
+    else if (kind == 3)
         lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(any()));
-        break;
-    case 4:
+    else if (kind == 4)
         std::swap(lines[any()], lines[any()]);
-        break;
-    default: {
-        const auto record =
-            bad_records[static_cast<std::size_t>(random.below(static_cast<int>(std::size(bad_records))))];
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(any()), std::string(record));
-    }
-    }
+    else
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(any()),
+                     std::string(bad_records[static_cast<std::size_t>(
+                         random.below(static_cast<int>(std::size(bad_records))))]));
 }
 
 // Whether the checker has an error at the line or the object that the converter's message names.
@@ -75,16 +68,14 @@ bool names_the_place(const FileReport &report, const std::string &fault)
     return false;
 }
 
-// With MARLOGL_ALL_CASES in the environment, ten times as many.
-const unsigned scenes = std::getenv("MARLOGL_ALL_CASES") != nullptr ? 2000 : 200;
-
 TEST(Damage, NoErrorMeansThatTheConversionIsDone)
 {
     Random random;
-    unsigned stopped = 0;
+    const int scenes = 2000 / one_in;
+    int stopped = 0;
     const SceneGenerator generator;
-    for (unsigned i = 0; i < scenes; ++i) {
-        const auto [name, text] = generator.scene(i);
+    for (int i = 0; i < scenes; ++i) {
+        const auto [name, text] = generator.scene(static_cast<unsigned>(i));
         std::vector<std::string> lines = lines_of(text);
         for (int faults = random.from_to(1, 3); faults > 0; --faults)
             damage(lines, random);

@@ -142,40 +142,89 @@ void compare_faces(Trial &trial, const Kind &kind, bool with_positions)
     object = plain;
 }
 
+// Each kind with a version that has it.
+std::vector<std::pair<int, const Kind *>> kinds()
+{
+    std::vector<std::pair<int, const Kind *>> all;
+    for (const int version : {2, 1})
+        for (int type = 1; type < 30; ++type)
+            if (const Kind *kind = find_kind(version, type);
+                kind != nullptr && (version == 2 || find_kind(2, kind->types[1]) != kind))
+                all.emplace_back(version, kind);
+    return all;
+}
+
 TEST(Facts, EveryFaceDrawsFromItsPositionsAndNoOtherSlotDraws)
 {
-    for (const int version : {1, 2})
-        for (int type = 1; type < 30; ++type)
-            for (const auto &[cell, value] : variants) {
-                const Kind *kind = find_kind(version, type);
-                if (kind == nullptr || (kind->name == "guyed mast" && cell == 6 && value == 0))
-                    continue; // without segments the drawing ends
-                if (version == 1 && cell != 0 && find_kind(2, kind->types[1]) == kind)
-                    continue; // the same drawing
-                SCOPED_TRACE(std::string(kind->name) + ", cell " + std::to_string(cell));
-                Trial trial(version, *kind);
-                Object &object = trial.object();
-                object.parameters(8) = 1; // a sign board at the front
-                object.parameters(11) = kind->name == "wheel" ? 12 : corners;
+    for (const auto &[version, kind] : kinds())
+        for (const auto &[cell, value] : variants) {
+            if (kind->name == "guyed mast" && cell == 6 && value == 0)
+                continue; // without segments the drawing ends
+            SCOPED_TRACE(std::string(kind->name) + ", cell " + std::to_string(cell));
+            Trial trial(version, *kind);
+            Object &object = trial.object();
+            object.parameters(8) = 1; // a sign board at the front
+            object.parameters(11) = kind->name == "wheel" ? 12 : corners;
+            object.parameters(cell) = value;
+            compare_faces(trial, *kind, cell == 0 || cell == 6);
+        }
+}
+
+TEST(Facts, SwitchesAreCellsWhereOneValueDrawsMore)
+{
+    int switches = 0;
+    for (const auto &[version, kind] : kinds()) {
+        if (kind->name == "wheel" || kind->name == "guyed mast")
+            continue; // without a width or segments the drawing ends
+        Trial trial(version, *kind);
+        Object &object = trial.object();
+        for (int slot = 0; slot <= face_slots.last; ++slot) {
+            object.codes(slot) = uses_code(*kind, slot) ? "01" : "Y ";
+            object.texts(slot) = "wood";
+            object.points(slot).attribute = "Y P ";
+        }
+        // What the switches need to show.
+        for (const int cell : {4, 17, 18})
+            object.parameters(cell) = 0;
+        for (const int cell : {36, 37, 38, 39})
+            object.parameters(cell) = -1;
+        object.parameters(13) = object.parameters(31) = 1;
+        object.parameters(11) = kind->name == "beam" ? 1 : corners;
+        object.parameters(point_count_cell) = counts_points(*kind) ? 3 : 0;
+        const Object plain = object;
+        for (int cell = 1; cell <= 61; ++cell, object = plain) {
+            const auto output_of = [&](double value) {
                 object.parameters(cell) = value;
-                compare_faces(trial, *kind, cell == 0 || cell == 6);
+                return trial.output();
+            };
+            const std::string off = output_of(0);
+            const bool one_value = output_of(2) == off && output_of(3) == off;
+            const std::string record = (cell < 10 ? "\nP0" : "\nP") + std::to_string(cell) + " 2\n",
+                              design = "V1.2\nA" + std::to_string(kind->types[version - 1]) + record,
+                              all = told(version == 1 ? "s.mrl" : "s.mr2", design);
+            for (const int on : {-1, 1}) {
+                const bool is_switch = one_value && output_of(on) != off;
+                EXPECT_EQ(all.find("; only " + std::to_string(on) + " switches it on") != all.npos, is_switch)
+                    << kind->name << " cell " << cell;
+                switches += is_switch;
             }
+        }
+    }
+    EXPECT_EQ(switches, 20);
 }
 
 TEST(Facts, RowsOfPointsAreCounted)
 {
-    for (const int version : {1, 2})
-        for (int type = 1; type < 30; ++type)
-            if (const Kind *kind = find_kind(version, type)) {
-                Trial trial(version, *kind);
-                trial.object().parameters(13) = 0;
-                trial.object().parameters(11) = corners;
-                for (int point = 0; point <= 180; ++point)
-                    trial.object().points(point).attribute = "YSPH";
-                const std::string none = trial.output();
-                trial.object().parameters(point_count_cell) = 3;
-                EXPECT_EQ(trial.output() != none, counts_points(*kind)) << kind->name;
-            }
+    for (const auto &[version, kind] : kinds()) {
+        Trial trial(version, *kind);
+        trial.object().parameters(13) = 0;
+        trial.object().parameters(11) = corners;
+        for (int point = 0; point <= 180; ++point)
+            trial.object().points(point).attribute = "YSPH";
+        const std::string none = trial.output();
+        trial.object().parameters(point_count_cell) = 3;
+        EXPECT_EQ(trial.output() != none, counts_points(*kind)) << kind->name;
+    }
 }
 
 } // namespace

@@ -122,7 +122,6 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"J15\nJ14\n", "13: warning: \"J\" is given again; line 12 has no effect [given-twice]"},
         {"J16\n", "12: warning: there is no scale level \"16\", so the scale is that of a file without a J "
                   "record; levels are 9 to 15 [scale-level]"},
-        {"P01 1.5.2\n", "12: warning: \"P01\" is given again; line 2 has no effect [given-twice]"},
         {"K05 7\nK06N\nF06tiles\n", ""},
         {"K05N\nF05tiles.BMP\n", "13: error: the output will ask for \"tiles.BMP.bmp\"; leave \".BMP\" out "
                                  "[texture-ending]"},
@@ -149,13 +148,10 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"A17\n",
          "12: error: type 17 is no kind in version 2; in version 1 it is \"roads\", which is type 21 here "
          "[unknown-type]"},
-        {"A19\nP11 12\n",
-         "12: warning: this object draws nothing: none of its faces has both K..Y and F [draws-nothing]"},
         {"A22\nP02 80\n", "13: warning: cell 2 is 80; without \"P02 90\" the output gets a tilt command "
                           "[tower-not-upright]"},
         {"A5\nP01 9\nP11 5\nK03Y\n", "15: warning: face 3 (wall 3) is on but has no texture name; add an F03 "
                                      "record [face-without-texture]"},
-        {"A7\nP31 2\n", "13: warning: cell 31 is 2; only 1 switches it on [switch-value]"},
         {"A2\nK3001\n", ""},
         {"A2\nK3003\n", "13: error: K30 names object 3; there are 2 [instance-of-nothing]"},
         {"A0\nA2\nK3002\n", "14: error: K30 names object 2, which is of type 0 [instance-of-nothing]"},
@@ -179,7 +175,6 @@ TEST(Rules, TellWhatIsThereAndWhatToWrite)
         {"\\00  255,0,0\n", "12: error: a colour needs nine digits at positions 6 to 14, not \"255,0,0\" "
                             "[short-colour]"},
         {"P61 1 0\n", "12: warning: \"1 0\" is read as 10 [blank-in-number]"},
-        {"P61 45.5\n", "12: warning: 45.5 is written as 46 [fraction]"},
         {"P61 90 degrees\n", ""},
         {"A house\n",
          "12: warning: there is no number in \"house\", so it is 0; begin a remark with # [no-number]"},

@@ -7,29 +7,9 @@ program=$2
 converter=$3
 examples=$4
 tests=$(cd "$(dirname "$0")" && pwd)
-work=$(mktemp -d) || exit 1
-trap 'rm -rf "$work"' EXIT
-cd "$work" || exit 1
 unset DISPLAY WAYLAND_DISPLAY
-failures=0
-
-fail()
-{
-    echo "FAILED: $*"
-    failures=$((failures + 1))
-}
-
-# expect STATUS TEXT ARGUMENT...: the exit status, and a text that one of the two outputs holds.
-expect()
-{
-    wanted=$1
-    text=$2
-    shift 2
-    timeout 60 "$program" "$@" >out 2>err
-    status=$?
-    [ $status -eq "$wanted" ] || fail "$*: status $status, not $wanted"
-    [ -z "$text" ] || grep -qF -e "$text" out err || fail "$*: no '$text' in: $(cat out err)"
-}
+# shellcheck source=tests/support/expect.sh
+. "$tests/../../tests/support/expect.sh"
 
 cat >town.ogl <<'END'
 glPushMatrix();

@@ -117,13 +117,15 @@ std::string wall(int left, int y, const std::string &colour, bool with_tex_coord
     return text + "glEnd();\n";
 }
 
-// A wall of 30 x 20 with a notch from above; it may begin with a corner of its own.
-std::string concave(const std::string &first)
+using Corner = std::array<int, 3>;
+
+std::string polygon(const std::string &colour, std::initializer_list<Corner> corners)
 {
-    return "glBegin( GL_POLYGON );\nglColor3ub( 255, 0, 0 );\n" + first +
-           "glVertex3d( 15, 0, 5 );\nglVertex3d( 0, 0, 20 );\nglVertex3d( 0, 0, 0 );\nglVertex3d( 30, 0, 0 "
-           ");\n" +
-           (first.empty() ? "glVertex3d( 30, 0, 20 );\n" : "") + "glEnd();\n";
+    std::string text = "glBegin( GL_POLYGON );\nglColor3ub( " + colour + " );\n";
+    for (const auto &[x, y, z] : corners)
+        text += "glVertex3d( " + std::to_string(x) + ", " + std::to_string(y) + ", " + std::to_string(z) +
+                " );\n";
+    return text + "glEnd();\n";
 }
 
 std::string reversed_wall(int left, int y, const std::string &colour)
@@ -171,9 +173,11 @@ TEST(Picture, RegionsHaveTheirColours)
          missing + wall(0, 0, "0, 0, 0", true),
          "front", {{50, 50, magenta_and_white}}},
         {"a concave face leaves its notch open",
-         concave(""), "front", {{15, 80, red}, {85, 80, red}, {50, 15, background}, {50, 90, red}}},
+         polygon("255, 0, 0", {{15, 0, 5}, {0, 0, 20}, {0, 0, 0}, {30, 0, 0}, {30, 0, 20}}),
+         "front", {{15, 80, red}, {85, 80, red}, {50, 15, background}, {50, 90, red}}},
         {"a concave face whose first corner sees only some of the others",
-         concave("glVertex3d( 30, 0, 20 );\n"), "front", {{15, 80, red}, {85, 80, red}, {50, 15, background}}},
+         polygon("255, 0, 0", {{30, 0, 20}, {15, 0, 5}, {0, 0, 20}, {0, 0, 0}, {30, 0, 0}}),
+         "front", {{15, 80, red}, {85, 80, red}, {50, 15, background}}},
     };
     // clang-format on
     for (const auto &row : rows) {
@@ -228,16 +232,8 @@ TEST(Picture, NeighbouringSidesDifferInTheLight)
 TEST(Picture, ShadowsLieOnTheGroundAndRoadsOnTheMeadow)
 {
     const auto square = [](const std::string &colour, int low, int high, int z) {
-        std::string text = "glBegin( GL_POLYGON );\nglColor3ub( " + colour + " );\n";
-        for (const auto &[x, y] : {
-                 std::pair{low,  low },
-                 {high, low },
-                 {high, high},
-                 {low,  high}
-        })
-            text += "glVertex3d( " + std::to_string(x) + ", " + std::to_string(y) + ", " + std::to_string(z) +
-                    " );\n";
-        return text + "glEnd();\n";
+        const Corner a{low, low, z}, b{high, low, z}, c{high, high, z}, d{low, high, z};
+        return polygon(colour, {a, b, c, d});
     };
     const auto object = [](int number) {
         return "// *** Sequence " + std::to_string(number) + "\n// *** x\n";

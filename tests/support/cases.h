@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,6 +47,11 @@ template <typename Test> void for_each_line(std::string table, Test test)
             test(input, parts[1]);
         }
 }
+
+/// Of generated cases one in so many is tried in every run, all where the environment wants them.
+inline const int one_in = std::getenv("MARLOGL_ALL_CASES") != nullptr   ? 1
+                          : std::getenv("MARLOGL_FEW_CASES") != nullptr ? 100
+                                                                        : 10;
 
 /// The parts of a line as one text.
 template <typename... Parts> std::string text_of(const Parts &...parts)
