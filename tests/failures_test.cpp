@@ -2,7 +2,6 @@
 #include "support/cases.h"
 #include "support/design.h"
 
-
 namespace marlogl {
 
 namespace {
@@ -171,7 +170,8 @@ std::string object_records(int type)
     return lines + "Q001501050209 YSPL\nQ002502050109 123L\nQ00350104990  Y P \nQ004499050009  1P\n";
 }
 
-// Of the prefixes that end within a record one in so many is tried; convert tests what holds for every output.
+// Of the prefixes that end within a record one in so many is tried; convert tests what holds for every
+// output.
 void expect_order_for_every_prefix(int version, const std::string &whole)
 {
     for (std::size_t length = 0; length <= whole.size(); ++length) {
