@@ -2,6 +2,7 @@
 // With MARLOGL_REWRITE_GOLDEN=1 in the environment the expected outputs are written anew.
 #include "run/configuration.h"
 #include "run/convert.h"
+#include "support/cases.h"
 #include "support/design.h"
 #include "support/folded.h"
 
@@ -79,15 +80,6 @@ TEST(Golden, ScenesConvertToTheOutputsBesideThem)
         const std::string content = content_of(expected);
         EXPECT_TRUE(content == written) << expected.string() << ", " << first_difference(content, written);
     }
-}
-
-// A number that hardly two texts share.
-std::uint64_t checksum(const std::string &text)
-{
-    std::uint64_t sum = 14695981039346656037u;
-    for (const char c : text)
-        sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211u;
-    return sum;
 }
 
 TEST(Golden, ExamplesAndScenesOfTheManualConvertAsEver)

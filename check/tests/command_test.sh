@@ -33,6 +33,7 @@ expect 2 "standard input: --kind" -
 expect 0 "Usage: marlogl-check" --help
 expect 0 "marlogl-check " --version
 expect 0 "    K01 Y" --explain code-shifted
+[ "$(grep -c '^    [A-Z][0-9A-Za-z ]*$' out)" -eq 24 ] || fail "the scenes of an explanation: $(cat out)"
 expect 0 "0 errors, 0 warnings" "$root/examples/village/MarlOgl.dat" "$root/examples/hamlet/MarlOgl.dat"
 
 "$program" --kind=mr2 - <wrong.mr2 >out 2>err

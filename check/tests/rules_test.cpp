@@ -7,7 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <fstream>
 #include <set>
+#include <sstream>
 
 namespace marlogl::check {
 
@@ -90,136 +93,43 @@ TEST(Rules, SayWhatTheConversionWouldSay)
 const std::string house = "A23\nP01 13\nP02 36\nP06 14\nP07 30\nK01Y\nF01front\nQ001   0 255\nQ002   0   0\n"
                           "Q003 255   0\nQ004 255 255\n";
 
-TEST(Rules, TellWhatIsThereAndWhatToWrite)
+// What the checker says of a case: of the records behind a house, of a file of a name, or of a rule's
+// example.
+std::string told_of_case(const std::string &title, const std::string &records)
 {
-    // What stands behind a house, and what is told of it; the first line behind the house is line 12.
-    const struct {
-        const char *records, *told;
-    } cases[] = {
-        {"", ""},
-        {"\tP03 1\n",
-         "12: warning: this line begins with a blank, so it is a remark; remove the blank in front of "
-         "\"P03\" [indented-record]"},
-        {"  A house stands here\np. 12\nFAR\n",
-         "14: error: columns 2 to 3 hold no slot number but \"AR\", which is read as 0 "
-         "[slot-not-two-digits]"},
-        {" J15\n",
-         "12: warning: this line begins with a blank, so it is a remark; remove the blank in front of "
-         "\"J15\" [indented-record]"},
-        {" Q  1 100 100\n",
-         "12: warning: this line begins with a blank, so it is a remark; remove the blank in front of "
-         "\"Q  \" [indented-record]"},
-        {"bNew barn\n", "12: warning: the key is a small letter, so this line is a remark; did you mean "
-                        "\"BNew barn\"? [lower-case-key]"},
-        {"be careful\n  By the river\n", ""},
-        {"q00012341234\n", "12: warning: the key is a small letter, so this line is a remark; did you mean "
-                           "\"Q00012341234\"? [lower-case-key]"},
-        {"K1Y\n",
-         "12: error: columns 2 to 3 hold no slot number but \"1Y\", which is read as 1; write \"K01Y\" "
-         "[slot-not-two-digits]"},
-        {"K31x\nK31y\n", "13: warning: \"K31\" is given again; line 12 has no effect [given-twice]"},
-        {"P 3 1\nP3 1\n", "13: warning: \"P3 \" is given again; line 12 has no effect [given-twice]"},
-        {"J15\nJ14\n", "13: warning: \"J\" is given again; line 12 has no effect [given-twice]"},
-        {"J16\n", "12: warning: there is no scale level \"16\", so the scale is that of a file without a J "
-                  "record; levels are 9 to 15 [scale-level]"},
-        {"K05 7\nK06N\nF06tiles\n", ""},
-        {"K05N\nF05tiles.BMP\n", "13: error: the output will ask for \"tiles.BMP.bmp\"; leave \".BMP\" out "
-                                 "[texture-ending]"},
-        {"Q005 1 2 3 4\n",
-         "12: error: the x at positions 5 to 8 is \" 1 2\", which is read as 12; put numbers to the "
-         "right of their four positions [point-columns]"},
-        {"Q0051234567890\n",
-         "12: error: the y goes on behind position 12, where it is cut to \"5678\" [point-columns]"},
-        {"Q0011000255\n", "12: warning: the x is \"1000\" and the y \"255\"; put numbers to the right of "
-                          "their four positions [point-shifted]"},
-        {"C-40.5\n", "12: warning: -40.5 is written as -41 [fraction]"},
-        {"A4\nP08 7\nK02Y\n", "14: warning: face 2 (face 2) is on but has no texture name; add an F02 record "
-                              "[face-without-texture]"},
-        {"A11\nP01 3\nP06 4\nK22Y\nF22a\n",
-         "16: warning: with its cells this object (cone) has no face 22 [face-slot-unused]"},
-        {"A6\nP36 1\nP21 5000\n", "13: warning: cell 36 is 1; only -1 switches it on [switch-value]"},
-        {"A6\nP36 -1\nP23 1\n",
-         "12: error: cell 21 is 0: the front side hangs 5000 units too low; write P21 5000 "
-         "[missing-offset]"},
-        {"A9\nP11 2000\nP06 1\n",
-         "12: error: cell 12 is 0: the ridge lies at -2000; write P12 2000 [missing-offset]"},
-        {"A5\nP11 11\n",
-         "13: error: 11 corners: more than 10 overlap in the table of points [too-many-corners]"},
-        {"A17\n",
-         "12: error: type 17 is no kind in version 2; in version 1 it is \"roads\", which is type 21 here "
-         "[unknown-type]"},
-        {"A22\nP02 80\n", "13: warning: cell 2 is 80; without \"P02 90\" the output gets a tilt command "
-                          "[tower-not-upright]"},
-        {"A5\nP01 9\nP11 5\nK03Y\n", "15: warning: face 3 (wall 3) is on but has no texture name; add an F03 "
-                                     "record [face-without-texture]"},
-        {"A2\nK3001\n", ""},
-        {"A2\nK3003\n", "13: error: K30 names object 3; there are 2 [instance-of-nothing]"},
-        {"A0\nA2\nK3002\n", "14: error: K30 names object 2, which is of type 0 [instance-of-nothing]"},
-        {"A2\nK3001\nA2\nK3002\n",
-         "15: error: K30 names object 2, which is an instance itself; name object 1 "
-         "[instance-of-instance]"},
-        {"A20\nQ00150005000     P\nQ00350005000     P\nP50 0\nQ00150005000     P\n", ""},
-        {"A20\nQ00150005000     P\nQ00250005100\nQ00350005200     L\nQ00450005300     P\n", ""},
-        {"A20\nQ00150005000     L\nQ00050005000\nQ00252005000     L\n",
-         "14: warning: Q000 counts as a point; the last point of the row is then missing [point-zero]"},
-        {"A20\nK0161\nQ00150005000     P\n",
-         "13: warning: colour \"61\" is outside 1 to 60 and becomes 1 [colour-number]"},
-        {"A21\nP02 9\nQ0015000500061\n",
-         "14: warning: colour \"61\" is outside 1 to 60 and becomes 1 [colour-number]"},
-        {"A22\nP02 90\nQ0015000500061Y  H\nQ0025000501001Y  H\n",
-         "14: warning: colour \"61\" is outside 1 to 60 and becomes 11 [colour-number]"},
-        {"A22\nP02 90\nQ001500050001 Y H \nQ0025000501001Y  H\n",
-         "14: warning: point 1 is not drawn: it has no H or V at position 18 [point-without-mark]"},
-        {"\\00  080000000\n",
-         "12: warning: \"080\" does not compile in C; use 000 or 100 to 255 [octal-colour]"},
-        {"\\00  255,0,0\n", "12: error: a colour needs nine digits at positions 6 to 14, not \"255,0,0\" "
-                            "[short-colour]"},
-        {"P61 1 0\n", "12: warning: \"1 0\" is read as 10 [blank-in-number]"},
-        {"P61 90 degrees\n", ""},
-        {"A house\n",
-         "12: warning: there is no number in \"house\", so it is 0; begin a remark with # [no-number]"},
-        {"Q005 1.5   0\n", "12: warning: 1.5 is read as 2 [fraction]"},
-        {"Q180   0   0\nQ181   0   0\n",
-         "13: error: point 181 is outside 0 to 180; the record is skipped [point-skipped]"},
-        {"K05Y\nF05wood\nQ017   0   0\n",
-         "12: warning: Q018 of face 5 (left slope) is missing; it counts as 0,0 [positions-partly]"},
-        {"K31x\nK32x\n",
-         "13: error: code slot 32 is outside 0 to 31; the record is skipped [slot-too-large]"},
-        {"F05a\\b\n",
-         "12: error: a backslash in a texture name means something else in C; write / [texture-backslash]"},
-        {"K10Y\nF10wood\nQ037   0 255\nQ038   0   0\nQ039 255   0\nQ040 255 255\n", ""},
-        {"K10Y\nF10wood\nK04Y\nF04wood\n", "14: warning: face 4 (right wall) and face 10 are both on and lie "
-                                           "in one place [faces-in-one-place]"},
-        {"A20\nQ00150005000     P\nQ0020012  40     L\n",
-         "14: error: the points of this kind have 5000 added; x = 12 lies at -4988 [points-without-5000]"},
-        {"A18\nP11 3\n",
-         "13: warning: corner 1 of the bottom outline (Q001) is missing; it lies at 0,0 [outline-missing]"},
-        {"A19\nP11 13\n", "13: warning: cell 11 is 13; only 12, 15 and 18 segments work [wheel-segments]"},
-        {"A21\nP02 9\nP58 3\n", "14: warning: cell 58 is 3, which lifts only the right edge of the road; use "
-                                "cells 54 and 57 [road-elevation]"},
-        {"A6\nP21 5000\nP22 3\nP24 1.5\n",
-         "15: warning: cell 24 is 1.5, which chooses no side (0 to 3); cell 22 has no effect "
-         "[selector-value]"},
-        {"A7\nP07 0\nK2601\n", "14: warning: code slot 26 is not blank, but cell 31 is not 1, so there are "
-                               "no lights; add P31 1 [lights-half]"},
-        {"A7\nP07 5\nP31 1\nK2601\n", "14: warning: cell 31 is 1, but a cylinder with nine corners (P07 5) "
-                                      "gets no lights [lights-half]"},
-        {"A20\nQ001 -20 -14     P\n",
-         "13: error: the points of this kind have 5000 added; x = -20 lies at -5020 [points-without-5000]"},
-        {"\\00  2550000000\n",
-         "12: error: the colour goes on behind position 14, where it is cut [short-colour]"},
-        {"BBarn\\ \n", "12: error: the name ends with a backslash, which makes the next line of the output a "
-                       "comment [name-backslash]"},
-        {"\\00  256000000\n", "12: warning: \"256\" is above 255 [large-colour]"},
-    };
-    for (const auto &[records, told_line] : cases) {
-        const std::string all = told("s.mr2", house + records);
-        const std::string wanted = *told_line == '\0' ? "" : std::string("s.mr2:") + told_line + '\n';
-        if (wanted.empty())
-            EXPECT_EQ(all, wanted) << records;
-        else
-            EXPECT_NE(all.find(wanted), std::string::npos) << records << all;
+    std::string name = title == "house" ? "s.mr2" : title,
+                design = title == "house" ? house + records : records;
+    for (const Rule *each : all_rules())
+        if (title == "example " + std::string(each->name))
+            name = each->example.before_file(), design = each->example.before();
+    std::string lines;
+    for (const FileReport &report : check({{name, design}}, name))
+        for (const Finding &finding : report.findings())
+            lines += "--> " + std::to_string(finding.line) + ':' + std::to_string(finding.columns.first) +
+                     '-' + std::to_string(finding.columns.last) + ' ' +
+                     std::string(name_of(finding.rule->severity)) + ": " + finding.message + " [" +
+                     std::string(finding.rule->name) + "]\n";
+    return lines;
+}
+
+// The file holds the cases and, behind each, what was told of it when somebody looked at it last.
+TEST(Rules, SayOfEveryCaseWhatTheySaid)
+{
+    const std::string path = "check/tests/reports.txt", known = read_whole(path);
+    std::string told, title, records;
+    std::istringstream cases(known + "=== \n");
+    for (std::string line; std::getline(cases, line);) {
+        if (line.starts_with("=== ")) {
+            told += title.empty() ? "" : "=== " + title + '\n' + records + told_of_case(title, records);
+            title = line.substr(4);
+            records.clear();
+        } else if (!line.starts_with("--> ")) {
+            records += line + '\n';
+        }
     }
+    if (std::getenv("MARLOGL_REWRITE_GOLDEN") != nullptr)
+        std::ofstream(path, std::ios::binary) << told;
+    EXPECT_EQ(told, known);
 }
 
 TEST(Rules, TellAMistakeOnce)

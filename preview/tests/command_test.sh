@@ -87,6 +87,8 @@ usage()
     expect 0 'barn.mr2:1: texture "nowhere.bmp" is missing' barn.mr2 --no-render
     printf 'barn.mr2\nbarn.ogl\n255\n' >MarlOgl.dat
     expect 1 "line 4 is missing; the run configuration has four lines" MarlOgl.dat
+    printf 'barn.mr2\nbarn.ogl\n255\n255255255\n' >MarlOgl.dat
+    expect 0 'line 3: the colour "255" is not nine digits' MarlOgl.dat --no-render
     mkdir other
     printf 'barn\nbarn.ogl\n255255255\n255255255\n' >other/MarlOgl.dat
     expect 1 "is not converted: its name ends in neither" other/MarlOgl.dat

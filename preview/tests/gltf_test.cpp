@@ -1,8 +1,11 @@
 #include "glb_file.h"
 #include "gltf_materials.h"
 #include "host/memory_files.h"
+#include "mesh.h"
+#include "report.h"
 #include "run/convert.h"
 #include "scenes.h"
+#include "support/cases.h"
 
 #include <gtest/gtest.h>
 
@@ -255,6 +258,72 @@ TEST(Gltf, BoundsAndNormalsOfManyScenesAreRight)
         if (folder != nullptr)
             std::ofstream(folder + ('/' + name) + ".glb", std::ios::binary) << bytes_of(gltf);
     }
+}
+
+// Everything that pictures and files are made from, as text.
+std::string made_of(const std::string &output)
+{
+    Loaded loaded;
+    loaded.scene = read_scene(output, loaded.problems);
+    loaded.textures.of_name.assign(loaded.scene.textures.size(), 0);
+    const Mesh mesh = make_mesh(loaded.scene, std::vector<bool>(loaded.scene.textures.size()));
+    std::ostringstream text;
+    const auto add = [&](const char *name, const auto &numbers) {
+        text << '\n' << name;
+        for (const auto number : numbers)
+            text << ' ' << std::llround(1000.0 * number);
+    };
+    write_warnings(text, loaded);
+    write_report(text, loaded);
+    add("order", mesh.order);
+    add("on ground", mesh.on_ground);
+    add("shadows", mesh.shadow_corners);
+    add("other sides", mesh.other_sides);
+    for (const Vec3 &n : mesh.normals)
+        add("normal", std::array{n.x, n.y, n.z});
+    for (std::size_t i = 0; i < mesh.points.size(); ++i) {
+        add("point", mesh.points[i]);
+        for (const auto &colours : mesh.colours)
+            add("colour", colours[i]);
+    }
+    for (const auto &shadow : mesh.shadows)
+        add("shadow", shadow);
+    for (const Edge &edge : mesh.edges.sharp)
+        add("sharp", edge.ends);
+    for (const SmoothEdge &edge : mesh.edges.smooth)
+        add(edge.same_way ? "same way" : "smooth", edge.edge.ends);
+    return text.str() + bytes_of(make_gltf(loaded, {})) + bytes_of(make_gltf(loaded, {true, true}));
+}
+
+// A file of checksums tells which scenes look another way than they did when somebody looked at them last.
+TEST(Scenes, AreMadeAsEver)
+{
+    std::map<std::string, std::string> scenes = many_scenes();
+    const auto polygon = [](const std::string &corners) {
+        std::istringstream in(corners);
+        std::string text = "glBegin( GL_POLYGON );\n";
+        for (std::string at; in >> at;)
+            text += "glVertex3d( " + at + " );\n";
+        return text + "glEnd();\n";
+    };
+    scenes["bow tie"] = polygon("0,0,0 4,0,4 4,0,0 0,0,4");
+    scenes["star"] = polygon("0,0,9 2,0,2 9,0,0 2,0,-2 0,0,-9 -2,0,-2 -9,0,0 -2,0,2");
+    scenes["first corners clockwise"] = polygon("0,0,0 9,0,1 9,0,0 9,0,9 0,0,9");
+    scenes["stack"] = wall() + wall() + wall(true) + wall(true, 2) + wall(false, 3);
+    scenes["three meet"] = wall() + polygon("0,0,0 4,0,0 4,3,0 0,3,0") + polygon("0,0,0 4,0,0 4,-3,1 0,-3,1");
+    scenes["repeated corners"] = polygon("0,0,0 0,0,0 4,0,0 4,0,0 4,0,2 0,0,0");
+    scenes["control character"] = "BindTexture( \"a\001b.bmp\" );\nglEnable( GL_TEXTURE_2D );\n" + wall();
+    std::map<std::string, std::uint32_t> sums;
+    for (const auto &[name, text] : scenes)
+        sums[name.substr(0, name.find_first_of("0123456789"))] ^=
+            static_cast<std::uint32_t>(marlogl::checksum(name + made_of(text)));
+    std::ostringstream lines;
+    for (const auto &[name, sum] : sums)
+        lines << std::hex << sum << ' ' << name << '\n';
+    const std::string path = "preview/tests/checksums";
+    if (std::getenv("MARLOGL_REWRITE_GOLDEN") != nullptr)
+        std::ofstream(path, std::ios::binary) << lines.str();
+    EXPECT_EQ(lines.str(), marlogl::check::read_whole(path));
 }
 
 TEST(Gltf, DesignFileAndOutputFileAreTheSameScene)

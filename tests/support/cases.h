@@ -53,6 +53,15 @@ inline const int one_in = std::getenv("MARLOGL_ALL_CASES") != nullptr   ? 1
                           : std::getenv("MARLOGL_FEW_CASES") != nullptr ? 100
                                                                         : 10;
 
+/// A number that hardly two texts share.
+inline std::uint64_t checksum(const std::string &text)
+{
+    std::uint64_t sum = 14695981039346656037u;
+    for (const char c : text)
+        sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211u;
+    return sum;
+}
+
 /// The parts of a line as one text.
 template <typename... Parts> std::string text_of(const Parts &...parts)
 {
