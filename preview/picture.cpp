@@ -20,11 +20,15 @@ void draw_picture(const Offscreen &tile, const Drawing &drawing, const Camera &c
     const auto row_size = static_cast<std::size_t>(width) * 3;
     for (int top = 0; top < height; top += tile.height) {
         Picture band{width, std::min(tile.height, height - top), {}};
-        band.rgb.resize(row_size * static_cast<std::size_t>(band.height));
         for (int left = 0; left < width; left += tile.width) {
             drawing.draw(camera, doubled, width * oversampling, height * oversampling, left * oversampling,
                          (height - top - tile.height) * oversampling);
-            const Picture piece = tile.read();
+            Picture piece = tile.read();
+            if (tile.width == width) {
+                band.rgb = std::move(piece.rgb);
+                break;
+            }
+            band.rgb.resize(row_size * static_cast<std::size_t>(band.height));
             const auto stride = static_cast<std::size_t>(tile.width) * 3,
                        at = static_cast<std::size_t>(left) * 3;
             for (std::size_t row = 0; row < static_cast<std::size_t>(band.height); ++row)

@@ -28,12 +28,30 @@ void draw_sky()
     glEnd();
 }
 
-void load(const Matrices &matrices)
+// `behind` is how much farther away, in depths from -1 to 1, everything then is.
+void load(Matrices matrices, double behind = 0)
 {
+    for (std::size_t column = 0; column < 16; column += 4)
+        matrices.projection[column + 2] += behind * matrices.projection[column + 3];
     glMatrixMode(GL_PROJECTION);
     glLoadMatrixd(matrices.projection.data());
     glMatrixMode(GL_MODELVIEW);
     glLoadMatrixd(matrices.view.data());
+}
+
+// What is drawn then leaves so much of the light that is there, whatever its own colour.
+void begin_darkening(float red, float green, float blue)
+{
+    glEnable(GL_BLEND);
+    glBlendColor(red, green, blue, 1);
+    glBlendFunc(GL_ZERO, GL_CONSTANT_COLOR);
+    glDepthMask(GL_FALSE);
+}
+
+void end_darkening()
+{
+    glDepthMask(GL_TRUE);
+    glDisable(GL_BLEND);
 }
 
 void append(std::vector<std::uint32_t> &corners, const Scene &scene, const Face &face)
@@ -42,16 +60,6 @@ void append(std::vector<std::uint32_t> &corners, const Scene &scene, const Face 
     corners.insert(corners.end(), first, first + static_cast<std::ptrdiff_t>(face.count));
 }
 
-// Walls are often two faces in one plane, for the inside and the outside: the viewer is to see the one whose
-// corners run counter-clockwise for him. The others are drawn a little behind. All faces lie a little behind
-// the lines, so that lines on them show.
-void push_back(Light side)
-{
-    side == Light::clockwise ? glPolygonOffset(2, 8) : glPolygonOffset(1, 1);
-}
-
-constexpr Light upwards[] = {Light::clockwise, Light::counter_clockwise};
-
 } // namespace
 
 Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
@@ -59,6 +67,7 @@ Drawing::Drawing(const Scene &shown, const Textures &textures) : scene(shown)
     const Filter filter = usable_filter();
     for (const Bitmap &bitmap : textures.bitmaps)
         texture_names.push_back(upload_texture(bitmap, filter));
+    texture_names.push_back(upload_texture({2, 2, std::vector<std::uint8_t>(12, 255)}, filter));
     std::vector<bool> in_white;
     for (const std::uint32_t number : textures.of_name) {
         texture_of.push_back(texture_names[number]);
@@ -73,14 +82,11 @@ Drawing::~Drawing()
     glDeleteTextures(static_cast<int>(texture_names.size()), texture_names.data());
 }
 
+// What has no texture gets a white one: drivers without a graphics card compile what draws a face anew for
+// every kind of it, which takes longer than drawing.
 void Drawing::use_texture(std::uint32_t number) const
 {
-    if (number == Run::untextured) {
-        glDisable(GL_TEXTURE_2D);
-        return;
-    }
-    glEnable(GL_TEXTURE_2D);
-    glBindTexture(GL_TEXTURE_2D, texture_of[number]);
+    glBindTexture(GL_TEXTURE_2D, number == Run::untextured ? texture_names.back() : texture_of[number]);
 }
 
 void Drawing::draw_elements(unsigned mode, const std::vector<std::uint32_t> &corners) const
@@ -114,7 +120,9 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
             {std::max(seen.highest.x, corner.x), std::max(seen.highest.y, corner.y),
              std::max(seen.highest.z, 0.0)}
         };
-    load(matrices_of(camera, static_cast<double>(width) / height, scene.centre(), seen.lowest, seen.highest));
+    const Matrices matrices =
+        matrices_of(camera, static_cast<double>(width) / height, scene.centre(), seen.lowest, seen.highest);
+    load(matrices);
     const Vec3 back = axes_of(camera.direction).back;
     const auto towards = faces_towards(mesh, scene, camera.lens.orthographic ? back : camera.position(),
                                        camera.lens.orthographic);
@@ -124,66 +132,60 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
                 scale = static_cast<float>(std::min<double>(height, width / 1.5)) / thickness / usual_height;
     arrays->use_points();
     arrays->use_texture_points();
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_DEPTH_TEST);
+    glDisable(GL_CULL_FACE);
+    // All faces lie a little behind the lines and the shadows, so that these show.
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glPolygonOffset(1, 4);
     draw_ground(towards, appearance.lit);
-    draw_faces(towards, appearance.lit);
-    use_texture(Run::untextured);
-    glDisableClientState(GL_COLOR_ARRAY);
+    draw_faces(towards, appearance.lit, matrices);
+    glDisable(GL_POLYGON_OFFSET_FILL);
+    glDisable(GL_TEXTURE_2D);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    glDepthMask(GL_FALSE);
+    arrays->use_colours(Light::none);
     if (appearance.edges) {
         glLineWidth(std::max(0.75f, scale) * thickness);
         draw_edges(towards);
     }
-    arrays->use_colours(Light::none);
-    glDepthMask(GL_TRUE);
     glLineWidth(std::max(1.0f, 1.5f * scale) * thickness);
     draw_elements(GL_LINES, mesh.lines);
     glPointSize(std::max(3.0f, 5 * scale) * thickness);
     draw_elements(GL_POINTS, mesh.dots);
-    glDisableClientState(GL_COLOR_ARRAY);
-    glDepthMask(GL_FALSE);
     if (with_shadows)
         draw_shadows();
-    glDepthMask(GL_TRUE);
-    glDisable(GL_BLEND);
+    glDisableClientState(GL_COLOR_ARRAY);
     glBindBuffer(GL_ARRAY_BUFFER, 0);
 }
 
-// First the colours, from below upwards, then the depths.
+// From below upwards: what comes later is seen, whatever the depths say.
 void Drawing::draw_ground(const std::vector<bool> &towards, bool lit) const
 {
-    glDisable(GL_CULL_FACE);
-    glDisable(GL_DEPTH_TEST);
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glDepthFunc(GL_LEQUAL);
+    glDepthFunc(GL_ALWAYS);
     std::vector<std::uint32_t> corners;
-    for (const bool colours_too : {true, false}) {
-        for (const Light side : upwards) {
-            arrays->use_colours(lit ? side : Light::none);
-            push_back(side);
-            for (std::size_t i = 0; i < mesh.on_ground.size(); ++i) {
-                const Face &face = scene.faces[mesh.on_ground[i]];
-                if (towards[mesh.on_ground[i]] == (side == Light::counter_clockwise))
-                    append(corners, scene, face);
-                const bool last = i + 1 == mesh.on_ground.size() ||
-                                  scene.faces[mesh.on_ground[i + 1]].texture != face.texture;
-                if (!last || corners.empty())
-                    continue;
-                use_texture(face.texture);
-                draw_elements(GL_TRIANGLES, corners);
-                corners.clear();
-            }
+    for (const Light side : {Light::clockwise, Light::counter_clockwise}) {
+        arrays->use_colours(lit ? side : Light::none);
+        for (std::size_t i = 0; i < mesh.on_ground.size(); ++i) {
+            const Face &face = scene.faces[mesh.on_ground[i]];
+            if (towards[mesh.on_ground[i]] == (side == Light::counter_clockwise))
+                append(corners, scene, face);
+            const bool last =
+                i + 1 == mesh.on_ground.size() || scene.faces[mesh.on_ground[i + 1]].texture != face.texture;
+            if (!last || corners.empty())
+                continue;
+            use_texture(face.texture);
+            draw_elements(GL_TRIANGLES, corners);
+            corners.clear();
         }
-        glEnable(GL_DEPTH_TEST);
-        glColorMask(!colours_too, !colours_too, !colours_too, GL_TRUE);
     }
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDepthFunc(GL_LEQUAL);
 }
 
-void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
+// Walls are often two faces in one plane, for the inside and the outside: the viewer is to see the one whose
+// corners run counter-clockwise for him. The others are drawn a little behind.
+void Drawing::draw_faces(const std::vector<bool> &towards, bool lit, const Matrices &matrices) const
 {
+    constexpr double little = 2e-6; // 16 steps of 24 bits
     std::vector<std::uint32_t> corners;
     const auto is_covered = [&](std::uint32_t face) { // by its other side
         const std::uint32_t other = mesh.other_sides[face];
@@ -192,7 +194,7 @@ void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
     // What is meant for the viewer first: it hides much of the rest, which then costs nothing.
     for (const Light side : {Light::counter_clockwise, Light::clockwise}) {
         arrays->use_colours(lit ? side : Light::none);
-        push_back(side);
+        load(matrices, side == Light::clockwise ? little : 0);
         for (const auto &[texture, first, end] : mesh.batches) {
             corners.clear();
             for (std::size_t i = first; i < end; ++i)
@@ -203,7 +205,7 @@ void Drawing::draw_faces(const std::vector<bool> &towards, bool lit) const
             draw_elements(GL_TRIANGLES, corners);
         }
     }
-    glDisable(GL_POLYGON_OFFSET_FILL);
+    load(matrices);
 }
 
 // Each pixel gets its shadow once, however many shadows meet there.
@@ -213,11 +215,9 @@ void Drawing::draw_shadows() const
     glEnable(GL_STENCIL_TEST);
     glStencilFunc(GL_EQUAL, 0, 1);
     glStencilOp(GL_KEEP, GL_KEEP, GL_INCR);
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glPolygonOffset(-1, -4);
-    glColor4ub(10, 14, 30, 96);
+    begin_darkening(0.63f, 0.64f, 0.67f);
     draw_elements(GL_TRIANGLES, mesh.shadow_corners);
-    glDisable(GL_POLYGON_OFFSET_FILL);
+    end_darkening();
     glDisable(GL_STENCIL_TEST);
     arrays->use_points();
 }
@@ -233,6 +233,7 @@ void Drawing::draw_edges(const std::vector<bool> &towards) const
     for (const auto &[edge, faces, same_way] : mesh.edges.smooth)
         if ((towards[faces[0]] == towards[faces[1]]) != same_way)
             add(edge);
-    glColor4ub(20, 16, 12, 130);
+    begin_darkening(0.53f, 0.52f, 0.51f);
     draw_elements(GL_LINES, corners);
+    end_darkening();
 }

@@ -33,13 +33,13 @@ class Drawing {
     void use_texture(std::uint32_t number) const;
     void draw_elements(unsigned mode, const std::vector<std::uint32_t> &corners) const;
     void draw_ground(const std::vector<bool> &towards, bool lit) const;
-    void draw_faces(const std::vector<bool> &towards, bool lit) const;
+    void draw_faces(const std::vector<bool> &towards, bool lit, const Matrices &matrices) const;
     void draw_shadows() const;
     void draw_edges(const std::vector<bool> &towards) const;
 
     const Scene &scene;
     Mesh mesh;
-    std::vector<unsigned> texture_names;
-    std::vector<unsigned> texture_of; // of each texture name of the scene
+    std::vector<unsigned> texture_names; // the last is white
+    std::vector<unsigned> texture_of;    // of each texture name of the scene
     std::unique_ptr<Arrays> arrays;
 };
