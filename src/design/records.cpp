@@ -46,10 +46,18 @@ void open_next_object(Reading &reading, Line line)
     reading.shifted = reading.rules.shifts(reading.object->type);
 }
 
-// The rest of the line goes to a text of the object.
-template <std::string Object::*text> void store_object_text(Reading &reading, Line line)
+// Lets a text of an object be that of a line. One that is given again takes the place that there is.
+void keep(Reading &reading, std::string_view &kept, std::string_view text)
 {
-    reading.object->*text = columns(line, 2);
+    void *const place = text.size() <= kept.size() ? const_cast<char *>(kept.data())
+                                                   : reading.scene.texts->allocate(text.size(), 1);
+    kept = {std::copy(text.begin(), text.end(), static_cast<char *>(place)) - text.size(), text.size()};
+}
+
+// The rest of the line goes to a text of the object.
+template <std::string_view Object::*text> void store_object_text(Reading &reading, Line line)
+{
+    keep(reading, reading.object->*text, columns(line, 2));
 }
 
 double slot_of(Line line)
@@ -70,7 +78,7 @@ void store_parameter(Reading &reading, Line line)
 void store_text(Reading &reading, Line line)
 {
     if (const double slot = slot_of(line); slot <= face_slots.last)
-        reading.object->texts(slot) = columns(line, 4);
+        keep(reading, reading.object->texts(slot), columns(line, 4));
 }
 
 void store_code(Reading &reading, Line line)

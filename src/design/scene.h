@@ -4,6 +4,8 @@
 #include "design/table.h"
 #include "design/text.h"
 
+#include <memory>
+#include <memory_resource>
 #include <vector>
 
 namespace marlogl {
@@ -30,9 +32,8 @@ struct Object {
 
     /// Type code; 0 means that there is no such object.
     std::int16_t type = 0;
-    std::string name;
-    /// The position, as the text of its record.
-    std::string x, y;
+    /// The name, and the position as the texts of its records.
+    std::string_view name, x, y;
     /// Cell 50 counts the points, cell 58 is the base elevation, cell 61 the rotation about the vertical axis
     /// in degrees; the others belong to the object's kind.
     Table<double, cells> parameters{"parameter cell"};
@@ -40,11 +41,14 @@ struct Object {
     Table<Text<2>, code_slots> codes{"code slot"};
     Table<ColourText, face_slots> colours{"colour slot"};
     /// Free texts, among them the texture names of the faces.
-    Table<std::string, face_slots> texts{"text slot"};
+    Table<std::string_view, face_slots> texts{"text slot"};
     Table<Point, point_numbers> points{"point"};
 };
 
 struct Scene {
+    /// Where the texts of the objects lie. One allocation holds many.
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> texts =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
     /// Objects 1, 2, ... in the order of the design file.
     std::vector<Object> objects;
     /// Chooses the factor of the scale line.

@@ -38,18 +38,11 @@ inline void bind_lines(Output &out, std::string_view texture)
     out.line("glEnable( GL_TEXTURE_2D );");
 }
 
-/// The colour of a colour text: characters 3 to 11 are red, green and blue.
-inline void colour_line(Output &out, const Text<11> &colour)
+/// The colour of a colour text: characters 3 to 11 are red, green and blue. Some have a blank behind them.
+inline void colour_line(Output &out, const Text<11> &colour, std::string_view behind = "")
 {
     out.line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ", columns(colour, 9, 11),
-             " );");
-}
-
-/// The same line with a blank at its end.
-inline void colour_line_blank(Output &out, const Text<11> &colour)
-{
-    out.line("glColor3ub( ", columns(colour, 3, 5), ", ", columns(colour, 6, 8), ", ", columns(colour, 9, 11),
-             " ); ");
+             " );", behind);
 }
 
 /// The colour of an entry of the colour table.

@@ -23,7 +23,7 @@ void Pen::record(double x, double y, double z)
 std::string_view Pen::texture_of(int face) const
 {
     // The text comes first: its table has fewer slots, and bounds the face slots.
-    const std::string &name = object.texts(face);
+    const std::string_view name = object.texts(face);
     return object.codes(face)(1) == 'Y' ? trimmed(name) : std::string_view();
 }
 

@@ -38,7 +38,7 @@ void draw_lights(Pen &pen, std::span<const int> points)
     const std::string_view lights_switch = pen.object.codes(26);
     if (std::all_of(lights_switch.begin(), lights_switch.end(), [](unsigned char c) { return c <= ' '; }))
         return;
-    colour_line_blank(pen.out(), pen.object.colours(0));
+    colour_line(pen.out(), pen.object.colours(0), " ");
     pen.out().line("glBegin( GL_POINTS ); ");
     for (const int point : points)
         pen.vertex(point);

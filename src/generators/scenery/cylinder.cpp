@@ -55,7 +55,7 @@ void record_points(Pen &pen, const Cylinder &cylinder)
 void draw_railing(Pen &pen, const Cylinder &cylinder)
 {
     Output &out = pen.out();
-    colour_line_blank(out, pen.object.colours(23));
+    colour_line(out, pen.object.colours(23), " ");
     out.line(begin_lines);
     for (int i = 0; i < cylinder.ring.count; ++i) {
         pen.vertex(cylinder.ring2 + i);
