@@ -61,7 +61,7 @@ TEST(Points, HaveNormalsAwayFromTheViewerOfCounterClockwiseCorners)
     }
 }
 
-TEST(Pen, RefusesSlotsAndPointsOutsideTheirTables)
+TEST(Pen, RefusesSlotsPointsAndCoordinatesOutsideTheirBounds)
 {
     Sheet sheet{{0, 0, 0}, {9, 0, 0}, {9, 9, 0}, {0, 9, 0}};
     Pen &pen = sheet.pen;
@@ -71,6 +71,9 @@ TEST(Pen, RefusesSlotsAndPointsOutsideTheirTables)
     EXPECT_THROW(pen.reversed_quad({1, 1}, {0, 1, 2, 300}), RunError);
     EXPECT_THROW(pen.polygon(1, std::array{0, 1, -2}, std::array{1, 2, 3}), RunError);
     EXPECT_NO_THROW(pen.quad<int>({1, 177}, {299, 1, 2, 3}));
+    pen.short_coordinates = true;
+    for (const auto &[x, y, z] : {Vertex{40000, 0, 0}, {0, 40000, 0}, {0, 0, 40000}})
+        EXPECT_THROW(pen.record(x, y, z), RunError);
 }
 
 } // namespace

@@ -133,12 +133,13 @@ std::string prism(const std::string &lower, const std::string &upper, const std:
 }
 
 // What a run leaves in the place of the point file ("gone": nothing), and how the message of its error ends.
-void expect_left(const std::string &design, const std::string &left, const std::string &error = "")
+void expect_left(const std::string &design, const std::string &left, const std::string &error = "",
+                 const std::string &path = "scene.mr2")
 {
     for (const bool old : {false, true}) {
         MemoryFiles memory;
-        memory.files["program/MarlOgl.dat"] = "scene.mr2\nscene.out\n\n\n";
-        memory.files["scene.mr2"] = design;
+        memory.files["program/MarlOgl.dat"] = path + "\nscene.out\n\n\n";
+        memory.files[path] = design;
         if (old)
             memory.files["program/tempofil.%%%"] = "old";
         const Converted converted = convert(memory);
@@ -162,7 +163,11 @@ TEST(Run, LeavesTheTemporaryPointFileOfItsLastPolygonUnlessItWasRead)
         wheel += "   " + std::to_string(k) + "  0 255\r\n";
     const std::string cone = "A11\nP01 5\n", broken = "A3\nC1e999",
                       cause = "the number \"1e999\" is too large";
+    std::string gable;
+    for (const char *point : {"15", "16", "17", "18", "19", "20", "21", "6", "5"})
+        gable += std::string("    ") + point + "   0  255\r\n";
     expect_left(cone, "as before");
+    expect_left("A5\nP01 9\n", gable, "", "scene.mrl");
     expect_left(prism("Y", "Y") + cone, "gone");
     expect_left(cone + prism("Y", "N") + cone, upper);
     expect_left(cone + prism("N", "Y"), "gone");

@@ -6,13 +6,13 @@ root=$2
 . "$root/tests/support/expect.sh"
 
 cp "$root/examples/village/village.mr2" clean.mr2
-printf 'A23\nBOld barn\nP01 13\nP02 36\nP07 30\nK04Y\n' >warned.mr2
+printf 'A23\nBOld~barn\177\nP01 13\nP02 36\nP07 30\nK04Y\n' >warned.mr2
 printf 'A23\nP72 15\n' >wrong.mr2
 printf 'no design file\n' >town.txt
 
 expect 0 "0 errors, 0 warnings" clean.mr2
 expect 0 "warned.mr2:6:1: warning: face 4 (right wall) is on but has no texture name; add an F04 record [face-without-texture]" warned.mr2
-grep -qx '    object 1 "Old barn", gabled house' out || fail "the object is not told"
+grep -qx '    object 1 "Old~barn?", gabled house' out || fail "the object is not told"
 printf 'P06 1 0\n\nA23\nP01 2\n' | cat warned.mr2 - >twice.mr2
 expect 0 "twice.mr2:7:4" twice.mr2
 grep -o '^twice[^ ]*' out | sort -c -t: -k2n || fail "findings are not in the order of the lines"
@@ -40,7 +40,7 @@ expect 0 "0 errors, 0 warnings" "$root/examples/village/MarlOgl.dat" "$root/exam
 { [ $? -eq 1 ] && grep -q '^-:2:1: error' out; } || fail "standard input: $(cat out err)"
 
 "$program" --format=json warned.mr2 wrong.mr2 >out 2>err
-tr -d '\n' <out | grep -q '^\[ .*"file": "warned.mr2", *"line": 6, *"column": 1, *"endColumn": 4, *"severity": "warning", *"rule": "face-without-texture", *"message": "face 4 .*", *"object": "object 1 \\"Old barn\\", gabled house" .*\]$' ||
+tr -d '\n' <out | grep -q '^\[ .*"file": "warned.mr2", *"line": 6, *"column": 1, *"endColumn": 4, *"severity": "warning", *"rule": "face-without-texture", *"message": "face 4 .*", *"object": "object 1 \\"Old~barn?\\", gabled house" .*\]$' ||
     fail "JSON: $(cat out)"
 "$program" --format=json clean.mr2 --disable lines-after-texture 2>err | tr -d '\n' | grep -qx '\[\]' || fail "JSON of nothing"
 if [ -e /dev/full ]; then

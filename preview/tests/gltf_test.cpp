@@ -312,6 +312,14 @@ TEST(Scenes, AreMadeAsEver)
     scenes["stack"] = wall() + wall() + wall(true) + wall(true, 2) + wall(false, 3);
     scenes["three meet"] = wall() + polygon("0,0,0 4,0,0 4,3,0 0,3,0") + polygon("0,0,0 4,0,0 4,-3,1 0,-3,1");
     scenes["repeated corners"] = polygon("0,0,0 0,0,0 4,0,0 4,0,0 4,0,2 0,0,0");
+    scenes["pentagram"] = polygon("0,0,10 6,0,-8 -9,0,3 9,0,3 -6,0,-8");
+    scenes["large numbers"] = polygon("0,0,0 4e300,0,0 4,9,2") + polygon("0,0,0 4,1e300,2 9,9,2") +
+                              polygon("0,0,0 4,0,-1e300 9,9,2") + "\n";
+    std::string zigzag; // with more crossings than are cut
+    for (int i = 0; i < 98; ++i)
+        zigzag += std::to_string(i * 37 % 98) + ",0," + std::to_string(i % 2 * 100 + i) + ' ';
+    for (int i = 0; i < 60; ++i)
+        scenes["zigzags"] += polygon(zigzag);
     scenes["control character"] = "BindTexture( \"a\001b.bmp\" );\nglEnable( GL_TEXTURE_2D );\n" + wall();
     std::map<std::string, std::uint32_t> sums;
     for (const auto &[name, text] : scenes)

@@ -301,21 +301,22 @@ TEST(Bitmaps, AreReadOrSayWhatIsWrong)
     using namespace std::string_literals;
     constexpr int least = std::numeric_limits<int>::min();
     const std::string row = "\x40\x80\xff\0"s, text = "not that"s;
+    const std::string pixel = "255 128 64 ", white = "255 255 255 ";
     const std::string palette = std::string(4, '\xff') + "\x40\x80\xff\0"s,
                       core = "\x0c\0\0\0\1\0\1\0\1\0\x18\0"s;
     // clang-format off
     const struct {
-        std::string bytes, outcome; // the first pixel, or the end of the message
+        std::string bytes, outcome; // the pixels, or the end of the message
     } rows[] = {
-        {bmp(1, 1, 24, 0, row), "255 128 64"},
-        {bmp(1, -2, 24, 0, "\0\0\0\0"s + row), "255 128 64"},
-        {bmp(1, 1, 32, 0, row), "255 128 64"},
-        {bmp(1, 1, 16, 0, "\x08\x7e\0\0"s), "255 132 66"},
-        {bmp(1, 1, 16, 3, "\0\xf8\0\0\xe0\x07\0\0\x1f\0\0\0\x08\xfc"s), "255 130 66"},
-        {bmp(1, 1, 1, 0, palette + "\x80\0\0\0"s), "255 128 64"},
-        {bmp(1, 1, 4, 0, palette + std::string(56, '\0') + "\x10"), "255 128 64"},
-        {bmp(1, 1, 8, 0, palette + std::string(1016, '\0') + "\1"), "255 128 64"},
-        {"BM"s + std::string(8, '\0') + "\x1a\0\0\0"s + core + row, "255 128 64"},
+        {bmp(1, 1, 24, 0, row), pixel},
+        {bmp(1, -2, 24, 0, "\0\0\0\0"s + row), pixel + "0 0 0 "},
+        {bmp(1, 1, 32, 0, row), pixel},
+        {bmp(1, 1, 16, 0, "\x08\x7e\0\0"s), "255 132 66 "},
+        {bmp(1, 1, 16, 3, "\0\xf8\0\0\xe0\x07\0\0\x1f\0\0\0\x08\xfc"s), "255 130 66 "},
+        {bmp(10, 1, 1, 0, palette + "\x28\x40\0\0"s), white + white + pixel + white + pixel + white + white + white + white + pixel},
+        {bmp(3, 1, 4, 0, palette + std::string(56, '\0') + "\x10\x10"s), pixel + white + pixel},
+        {bmp(2, 1, 8, 0, palette + std::string(1016, '\0') + "\1\0"s), pixel + white},
+        {"BM"s + std::string(8, '\0') + "\x1a\0\0\0"s + core + row, pixel},
         {text, "is no BMP file"},
         {"BM", "is cut off in its header"},
         {bmp(1, 1, 24, 0, "").substr(0, 40), "is cut off in its header"},
@@ -341,8 +342,8 @@ TEST(Bitmaps, AreReadOrSayWhatIsWrong)
         std::ofstream(file, std::ios::binary) << bytes;
         std::string seen;
         try {
-            const auto rgb = read_bmp(file, largest_bmp).rgb;
-            seen = std::to_string(rgb[0]) + ' ' + std::to_string(rgb[1]) + ' ' + std::to_string(rgb[2]);
+            for (const int channel : read_bmp(file, largest_bmp).rgb)
+                seen += std::to_string(channel) + ' ';
         } catch (const std::exception &error) {
             seen = error.what();
             seen.erase(0, file.string().size() + 1);
