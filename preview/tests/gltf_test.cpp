@@ -266,7 +266,10 @@ std::string made_of(const std::string &output)
     Loaded loaded;
     loaded.scene = read_scene(output, loaded.problems);
     loaded.textures.of_name.assign(loaded.scene.textures.size(), 0);
-    const Mesh mesh = make_mesh(loaded.scene, std::vector<bool>(loaded.scene.textures.size()));
+    std::vector<bool> in_white(loaded.scene.textures.size());
+    for (std::size_t i = 0; i < in_white.size(); i += 2)
+        in_white[i] = true;
+    const Mesh mesh = make_mesh(loaded.scene, in_white);
     std::ostringstream text;
     const auto add = [&](const char *name, const auto &numbers) {
         text << '\n' << name;
@@ -312,6 +315,8 @@ TEST(Scenes, AreMadeAsEver)
     scenes["stack"] = wall() + wall() + wall(true) + wall(true, 2) + wall(false, 3);
     scenes["three meet"] = wall() + polygon("0,0,0 4,0,0 4,3,0 0,3,0") + polygon("0,0,0 4,0,0 4,-3,1 0,-3,1");
     scenes["repeated corners"] = polygon("0,0,0 0,0,0 4,0,0 4,0,0 4,0,2 0,0,0");
+    scenes["widest triangle outside"] =
+        polygon("0,0,0 10,0,5 10,0,-10 20,0,-10 20,0,-5 20,0,0 20,0,5 20,0,10 20,0,15 20,0,20");
     scenes["pentagram"] = polygon("0,0,10 6,0,-8 -9,0,3 9,0,3 -6,0,-8");
     scenes["large numbers"] = polygon("0,0,0 4e300,0,0 4,9,2") + polygon("0,0,0 4,1e300,2 9,9,2") +
                               polygon("0,0,0 4,0,-1e300 9,9,2") + "\n";
