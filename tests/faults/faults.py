@@ -186,6 +186,8 @@ def learn(key, scene=None):
         scene.output, scene.files = folder.output(), folder.files()
         if scene.status not in (0, 1) or scene.status != STATUSES.get(key, scene.status):
             sys.exit(f"{key}, undisturbed: status {scene.status}: {said}")
+        if scene.status == 0 and (mode := (folder.path / OUTPUT).stat().st_mode & 0o7777) != 0o664:
+            sys.exit(f"{key}, undisturbed: the output has mode {mode:o}")
 
 
 def failing_calls(key):
@@ -399,6 +401,7 @@ def memory():
     return path if not system.f_flag & os.ST_NOEXEC and system.f_bavail * system.f_frsize > 1 << 30 else None
 
 
+os.umask(0o002)
 if ROOT and shutil.which("unshare") and "MARLOGL_OWN_MOUNTS" not in os.environ:
     # What is mounted then goes with this process, whatever becomes of it.
     own = ["unshare", "-m", sys.executable]
