@@ -99,6 +99,8 @@ usage()
     expect 0 "town.ogl:11: glVertex3d: argument 3 cannot be read" town.ogl --no-render
     expect 0 'town.ogl:4: texture "brick.bmp" is missing; it was looked for in .' town.ogl --no-render
     expect 0 "town.ogl: the last four lines are missing" town.ogl --no-render
+    sed "s/brick/b$(printf '\001')ick/" town.ogl >odd.ogl
+    expect 0 'texture "b?ick.bmp"' odd.ogl --no-render
     printf 'glMatrixMode( GL_TEXTURE );\nglLoadIdentity();\nglMatrixMode( GL_MODELVIEW );\n' >footer
     cat town.ogl footer >whole.ogl
     expect 0 "" whole.ogl --no-render
