@@ -318,8 +318,9 @@ TEST(Scenes, AreMadeAsEver)
     scenes["widest triangle outside"] =
         polygon("0,0,0 10,0,5 10,0,-10 20,0,-10 20,0,-5 20,0,0 20,0,5 20,0,10 20,0,15 20,0,20");
     scenes["pentagram"] = polygon("0,0,10 6,0,-8 -9,0,3 9,0,3 -6,0,-8");
-    scenes["large numbers"] = polygon("0,0,0 4e300,0,0 4,9,2") + polygon("0,0,0 4,1e300,2 9,9,2") +
-                              polygon("0,0,0 4,0,-1e300 9,9,2") + "\n";
+    scenes["large numbers"] = polygon("0,0,0 4e300,0,0 4,9,2 0,9,2") +
+                              polygon("0,0,0 4,1e300,2 9,9,2 0,9,2") +
+                              polygon("0,0,0 4,0,-1e300 9,9,2 0,9,2") + "\n";
     std::string zigzag; // with more crossings than are cut
     for (int i = 0; i < 98; ++i)
         zigzag += std::to_string(i * 37 % 98) + ",0," + std::to_string(i % 2 * 100 + i) + ' ';
