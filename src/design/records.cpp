@@ -46,7 +46,8 @@ void open_next_object(Reading &reading, Line line)
     reading.shifted = reading.rules.shifts(reading.object->type);
 }
 
-// Lets a text of an object be that of a line. One that is given again takes the place that there is.
+// Lets a text of an object be that of a line. One that is given again takes the place that it has, if it
+// fits.
 void keep(Reading &reading, std::string_view &kept, std::string_view text)
 {
     void *const place = text.size() <= kept.size() ? const_cast<char *>(kept.data())

@@ -32,7 +32,7 @@ struct Object {
 
     /// Type code; 0 means that there is no such object.
     std::int16_t type = 0;
-    /// The name, and the position as the texts of its records.
+    /// The name, and the position as the texts of its records. All texts are kept by the scene.
     std::string_view name, x, y;
     /// Cell 50 counts the points, cell 58 is the base elevation, cell 61 the rotation about the vertical axis
     /// in degrees; the others belong to the object's kind.
@@ -46,7 +46,7 @@ struct Object {
 };
 
 struct Scene {
-    /// Where the texts of the objects lie. One allocation holds many.
+    /// Keeps the texts of the objects, many in one allocation.
     std::unique_ptr<std::pmr::monotonic_buffer_resource> texts =
         std::make_unique<std::pmr::monotonic_buffer_resource>();
     /// Objects 1, 2, ... in the order of the design file.
