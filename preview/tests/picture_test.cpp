@@ -313,6 +313,7 @@ TEST(Bitmaps, AreReadOrSayWhatIsWrong)
         {bmp(1, 1, 32, 0, row), pixel},
         {bmp(1, 1, 16, 0, "\x08\x7e\0\0"s), "255 132 66 "},
         {bmp(1, 1, 16, 3, "\0\xf8\0\0\xe0\x07\0\0\x1f\0\0\0\x08\xfc"s), "255 130 66 "},
+        {bmp(1, 1, 16, 3, "\0\xf8\0\0\xe0\x07\0\0\0\0\0\0\x09\xfc"s), "255 130 0 "},
         {bmp(10, 1, 1, 0, palette + "\x28\x40\0\0"s), white + white + pixel + white + pixel + white + white + white + white + pixel},
         {bmp(3, 1, 4, 0, palette + std::string(56, '\0') + "\x10\x10"s), pixel + white + pixel},
         {bmp(2, 1, 8, 0, palette + std::string(1016, '\0') + "\1\0"s), pixel + white},
