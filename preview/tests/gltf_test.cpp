@@ -224,7 +224,7 @@ std::map<std::string, std::string> many_scenes()
 {
     std::map<std::string, std::string> scenes = marlogl::check::manual_scenes();
     const marlogl::check::SceneGenerator generator;
-    for (unsigned seed = 1; seed <= 50; ++seed) {
+    for (unsigned seed = 1; seed <= 10; ++seed) {
         const auto [name, scene] = generator.scene(seed);
         scenes["random" + std::to_string(seed) + name] = scene;
     }
