@@ -115,7 +115,7 @@ void compare_faces(Trial &trial, const Kind &kind, bool with_positions)
     const ObjectSeen seen{
         Scene(), object, 1, 1, 0, &kind, lines, drawn, nullptr, false, faces_of(kind, object)};
     std::set<int> slots;
-    for (const Face &face : faces_of(kind, object))
+    for (const Face &face : seen.faces)
         EXPECT_TRUE(slots.insert(face.slot).second) << face.name << " has the slot of another face";
     const Object plain = object;
     const auto is_switch = [&kind](int slot) { return uses_code(kind, slot) || uses_text(kind, slot); };

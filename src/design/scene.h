@@ -32,7 +32,7 @@ struct Object {
 
     /// Type code; 0 means that there is no such object.
     std::int16_t type = 0;
-    /// The name, and the position as the texts of its records. All texts are kept by the scene.
+    /// The name, never null, and the position as the texts of its records. All texts are kept by the scene.
     std::string_view name = "", x, y;
     /// Cell 50 counts the points, cell 58 is the base elevation, cell 61 the rotation about the vertical axis
     /// in degrees; the others belong to the object's kind.

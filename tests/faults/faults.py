@@ -401,7 +401,7 @@ def memory():
     return path if not system.f_flag & os.ST_NOEXEC and system.f_bavail * system.f_frsize > 1 << 30 else None
 
 
-os.umask(0o002)
+os.umask(0o002)  # outputs get the mode 664
 if ROOT and shutil.which("unshare") and "MARLOGL_OWN_MOUNTS" not in os.environ:
     # What is mounted then goes with this process, whatever becomes of it.
     own = ["unshare", "-m", sys.executable]

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,6 +62,22 @@ inline std::uint64_t checksum(const std::string &text)
     for (const char c : text)
         sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211u;
     return sum;
+}
+
+/// The content of a file, empty when there is none.
+inline std::string content_of(const std::filesystem::path &path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Compares a text with the content of a file. With MARLOGL_REWRITE_GOLDEN=1 in the environment the file gets
+/// it first.
+inline void expect_content(const std::filesystem::path &path, const std::string &text)
+{
+    if (const char *rewrite = std::getenv("MARLOGL_REWRITE_GOLDEN"); rewrite != nullptr && *rewrite == '1')
+        std::ofstream(path, std::ios::binary) << text;
+    EXPECT_EQ(content_of(path), text) << path.string();
 }
 
 /// The parts of a line as one text.
