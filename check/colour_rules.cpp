@@ -72,7 +72,7 @@ template <typename Use> void for_each_colour_number(const ObjectSeen &seen, Use 
             use(text, 1, seen.code_line(slot));
     };
     const auto point = [&](int number, int replacement) {
-        if (const std::string_view text = trimmed(seen.object.points(number).code); !text.empty())
+        if (const std::string_view text = trimmed(seen.object.point_texts(number).colour); !text.empty())
             use(text, replacement, seen.point_line(number));
     };
     if (seen.is("fence"))

@@ -55,7 +55,7 @@ void Faces::add_cap(const Row &cap)
 bool Faces::names_corner(std::string_view codes, std::size_t corner) const
 {
     for (int triangle = 1; triangle + 2 <= static_cast<int>(codes.size()); ++triangle) {
-        const std::string_view names = std::string_view(object_.points(triangle).attribute).substr(0, 3);
+        const std::string_view names = std::string_view(object_.point_texts(triangle).attribute).substr(0, 3);
         if (names.find_first_not_of(codes) == names.npos && names.find(codes[corner]) != names.npos)
             return true;
     }

@@ -38,7 +38,7 @@ void missing_offset(const ObjectSeen &seen, const Say &say)
 
 bool adds_5000(const LineSeen &seen)
 {
-    return seen.reading.rules.shifts(seen.reading.object->type);
+    return seen.reading.shift != 0;
 }
 
 struct Stored {

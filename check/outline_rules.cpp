@@ -56,7 +56,8 @@ void triangle_codes(const ObjectSeen &seen, const Say &say)
 {
     const std::string_view codes = corner_codes(seen);
     for (int triangle = 1; triangle + 2 <= static_cast<int>(codes.size()); ++triangle) {
-        const std::string_view names = std::string_view(seen.object.points(triangle).attribute).substr(0, 3);
+        const std::string_view names =
+            std::string_view(seen.object.point_texts(triangle).attribute).substr(0, 3);
         if (names.find_first_not_of(codes) != names.npos)
             say(seen.line_of(seen.point_line(triangle)),
                 {"triangle ", triangle, " is skipped: the attribute of ", record_name('Q', triangle),

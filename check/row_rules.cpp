@@ -56,7 +56,7 @@ void point_gap(const ObjectSeen &seen, const Say &say)
 
 void rail_from_origin(const ObjectSeen &seen, const Say &say)
 {
-    const Text<4> &marks = seen.object.points(1).attribute;
+    const Text<4> &marks = seen.object.point_texts(1).attribute;
     if (seen.is("fence") && point_count(seen) > 0 && marks(4) == 'L' && marks(2) != 'S' &&
         seen.point_line(0) == 0)
         say(seen.line_of(seen.point_line(1)), "L at point 1 draws a rail from the origin; begin with a post");
@@ -64,7 +64,7 @@ void rail_from_origin(const ObjectSeen &seen, const Say &say)
 
 bool lacks_mark(const ObjectSeen &seen, int point)
 {
-    const Text<4> &marks = seen.object.points(point).attribute;
+    const Text<4> &marks = seen.object.point_texts(point).attribute;
     if (seen.is("tower"))
         return marks(4) != 'H' && marks(4) != 'V';
     if (seen.is("beam"))
@@ -73,7 +73,7 @@ bool lacks_mark(const ObjectSeen &seen, int point)
         return false;
     // A point without a mark can be where a rail comes from.
     const bool is_last = point == point_count(seen);
-    return is_last || seen.object.points(point + 1).attribute(4) != 'L';
+    return is_last || seen.object.point_texts(point + 1).attribute(4) != 'L';
 }
 
 void point_without_mark(const ObjectSeen &seen, const Say &say)

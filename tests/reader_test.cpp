@@ -40,7 +40,8 @@ std::string stored(const Scene &scene)
         for (int i = 0; i <= face_slots.last; ++i)
             add_text('\\' + std::to_string(i), object.colours(i), empty.colours(i));
         for (int i = 0; i <= point_numbers.last; ++i) {
-            const auto &[x, y, code, attribute] = object.points(i);
+            const auto [x, y] = object.points(i);
+            const auto &[code, attribute] = object.point_texts(i);
             if (x != 0 || y != 0 || code != "  " || attribute != "    ")
                 add('Q' + std::to_string(i),
                     '(' + std::to_string(x) + ',' + std::to_string(y) + ')' + text(code) + text(attribute));

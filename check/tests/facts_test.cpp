@@ -26,9 +26,11 @@ class Trial {
             object.parameters(cell) = cell;
         object.parameters(58) = 0;
         // An outline that runs round, and a mark for every point.
-        for (int point = 0; point <= 180; ++point)
+        for (int point = 0; point <= 180; ++point) {
             object.points(point) = {static_cast<std::int16_t>(7 * point * (point % 3)),
-                                    static_cast<std::int16_t>(5 * point * (point % 2 + 1)), "01", "123 "};
+                                    static_cast<std::int16_t>(5 * point * (point % 2 + 1))};
+            object.point_texts(point) = {"01", "123 "};
+        }
     }
 
     Object &object() { return scene_.objects[0]; }
@@ -185,7 +187,7 @@ TEST(Facts, SwitchesAreCellsWhereOneValueDrawsMore)
         for (int slot = 0; slot <= face_slots.last; ++slot) {
             object.codes(slot) = uses_code(*kind, slot) ? "01" : "Y ";
             object.texts(slot) = "wood";
-            object.points(slot).attribute = "Y P ";
+            object.point_texts(slot).attribute = "Y P ";
         }
         // What the switches need to show.
         for (const int cell : {4, 17, 18})
@@ -224,7 +226,7 @@ TEST(Facts, RowsOfPointsAreCounted)
         trial.object().parameters(13) = 0;
         trial.object().parameters(11) = corners;
         for (int point = 0; point <= 180; ++point)
-            trial.object().points(point).attribute = "YSPH";
+            trial.object().point_texts(point).attribute = "YSPH";
         const std::string none = trial.output();
         trial.object().parameters(point_count_cell) = 3;
         EXPECT_EQ(trial.output() != none, counts_points(*kind)) << kind->name;

@@ -4,7 +4,6 @@ namespace marlogl {
 
 namespace {
 
-constexpr int shift = 5000; // what stands in the file above the coordinates of some types
 constexpr int shifted_types_1[] = {2, 3, 4, 7, 17, 20, 21, 23};
 constexpr int shifted_types_2[] = {1, 5, 18, 20, 21, 22};
 
@@ -41,9 +40,9 @@ void open_next_object(Reading &reading, Line line)
     reading.ended = objects.size() == object_numbers.last;
     if (reading.ended)
         return;
-    reading.object = &objects.emplace_back();
+    reading.object = &objects.emplace_back(reading.scene.memory.get());
     reading.object->type = whole_16(numeric_value(columns(line, 2)), "type");
-    reading.shifted = reading.rules.shifts(reading.object->type);
+    reading.shift = std::ranges::count(reading.rules.shifted_types, reading.object->type) > 0 ? 5000 : 0;
 }
 
 // Lets a text of an object be that of a line. One that is given again takes the place that it has, if it
@@ -51,7 +50,7 @@ void open_next_object(Reading &reading, Line line)
 void keep(Reading &reading, std::string_view &kept, std::string_view text)
 {
     void *const place = text.size() <= kept.size() ? const_cast<char *>(kept.data())
-                                                   : reading.scene.texts->allocate(text.size(), 1);
+                                                   : reading.scene.memory->allocate(text.size(), 1);
     kept = {std::copy(text.begin(), text.end(), static_cast<char *>(place)) - text.size(), text.size()};
 }
 
@@ -100,89 +99,85 @@ void read_colour_flag(Reading &, Line line)
     place_in(face_slots, slot_of(line), "colour flag slot");
 }
 
-std::int16_t coordinate(Line line, std::size_t first, bool shifted)
+std::int16_t coordinate(Line line, std::size_t first, int shift)
 {
     const std::int16_t stored = whole_16(numeric_value(columns(line, first, first + 3)), "coordinate");
-    return shifted ? whole_16(stored - shift, "coordinate (less 5000)") : stored;
+    return whole_16(stored - shift, "coordinate (less 5000)");
 }
 
-bool is_skipped(const Reading &reading, double point_number)
+void count_point(Reading &reading)
 {
-    return reading.rules.skips_points_beyond_table && point_number > point_numbers.last;
+    if (reading.object->type != reading.rules.uncounted_type)
+        ++reading.object->parameters(point_count_cell);
 }
 
-Point &counted_point(Reading &reading, auto number)
+constexpr std::size_t point_numbers_end = 12;
+
+void store_point_text(Object &object, auto number, Line line)
 {
-    Object &object = *reading.object;
-    if (object.type != reading.rules.uncounted_type)
-        ++object.parameters(point_count_cell);
-    return object.points(number);
+    if (line.size() > point_numbers_end || object.point_texts.find(number))
+        object.point_texts(number) = {columns(line, 13, 14), columns(line, 15, 18)};
 }
 
-void store_marks(Point &point, Line line)
-{
-    point.code = columns(line, 13, 14);
-    point.attribute = columns(line, 15, 18);
-}
-
-// A point whose numbers are any texts.
+// Any point, whose numbers may be any texts.
 [[gnu::noinline]] void store_written_point(Reading &reading, Line line)
 {
     const double number = round_half_even(numeric_value(columns(line, 2, 4)));
-    if (is_skipped(reading, number))
+    if (reading.rules.skips_points_beyond_table && number > point_numbers.last)
         return;
-    const std::int16_t x = coordinate(line, 5, reading.shifted);
-    Point &point = counted_point(reading, number);
+    const std::int16_t x = coordinate(line, 5, reading.shift);
+    count_point(reading);
+    Point &point = reading.object->points(number);
     point.x = x;
-    point.y = coordinate(line, 9, reading.shifted);
-    store_marks(point, line);
+    point.y = coordinate(line, 9, reading.shift);
+    store_point_text(*reading.object, number, line);
 }
 
+// Most points: one that the table has, whose numbers are plain.
 void store_point(Reading &reading, Line line)
 {
-    constexpr std::size_t numbers_end = 12;
-    if (line.size() < numbers_end)
+    if (line.size() < point_numbers_end)
         return store_written_point(reading, line);
     // With the key, which a blank replaces, the three characters of the number are a field of four.
     const PlainFields number(characters_at<std::uint32_t>(line.data()) - 'Q' + ' ');
     const PlainFields place(characters_at<std::uint64_t>(line.data() + 4));
-    if (!number.plain || !place.plain)
+    Point *const point = reading.object->points.find(number.numbers);
+    if (!number.plain || !place.plain || point == nullptr)
         return store_written_point(reading, line);
-    if (is_skipped(reading, number.numbers))
-        return;
-    Point &point = counted_point(reading, number.numbers);
-    const int less = reading.shifted ? shift : 0;
-    point.x = static_cast<std::int16_t>(static_cast<int>(place.numbers & 0xFFFF) - less);
-    point.y = static_cast<std::int16_t>(static_cast<int>(place.numbers >> 32) - less);
-    store_marks(point, line);
+    count_point(reading);
+    point->x = static_cast<std::int16_t>(static_cast<int>(place.numbers & 0xFFFF) - reading.shift);
+    point->y = static_cast<std::int16_t>(static_cast<int>(place.numbers >> 32) - reading.shift);
+    store_point_text(*reading.object, number.numbers, line);
 }
 
 // The first row whose key begins the line decides; a line without one is skipped. The records that a design
 // file has most of come first.
+// clang-format off
 constexpr Record records[] = {
-    {"Q",                               store_point    },
-    {"P",                               store_parameter},
-    {"K",                               store_code     },
-    {"F",                               store_text     },
-    {"\\",                              store_colour   },
-    {"MAXI",                            ignore         },
-    {"V",                               store_version,   read_number<2>},
-    {"T",                                 ignore                                             },
-    {"@",                                 ignore},
-    {"J",                                 store_scale_level                                             },
-    {"L",                                 nullptr, read_number<2>},
-    {"A",                   open_next_object                                 },
-    {"B",store_object_text<&Object::name>},
-    {"C",   store_object_text<&Object::x>                                     },
-    {"D",  store_object_text<&Object::y>},
-    {"$",   read_number<2>                                      },
-    {"E",                 read_number<2>,ignore},
-    {":",   ignore                  },
-    {"W",                               read_scene                                     },
-    {"]1",                               read_number<3>     },
-    {"]2",                              read_number<3>},
-    {"?",                              read_colour_flag },
+    {"Q",    store_point},
+    {"P",    store_parameter},
+    {"K",    store_code},
+    {"F",    store_text},
+    {"\\",   store_colour},
+    {"MAXI", ignore},
+    {"V",    store_version, read_number<2>},
+    {"T",    ignore},
+    {"@",    ignore},
+    {"J",    store_scale_level},
+    {"L",    nullptr, read_number<2>},
+    {"A",    open_next_object},
+    {"B",    store_object_text<&Object::name>},
+    {"C",    store_object_text<&Object::x>},
+    {"D",    store_object_text<&Object::y>},
+    {"$",    read_number<2>},
+    {"E",    read_number<2>, ignore},
+    {":",    ignore},
+    {"W",    read_scene},
+    {"]1",   read_number<3>},
+    {"]2",   read_number<3>},
+    {"?",    read_colour_flag},
 };
+// clang-format on
 
 // Before version 1.2 the positions of a structure's antennas stood in cells, and a height of 0 meant none.
 void convert_antennas(Object &object, const std::string &place)
@@ -205,11 +200,6 @@ constinit const PointRules point_rules[2] = {
     {3, shifted_types_1, false},
     {5, shifted_types_2, true }
 };
-
-bool PointRules::shifts(int type) const
-{
-    return std::find(shifted_types.begin(), shifted_types.end(), type) != shifted_types.end();
-}
 
 constinit const std::array<const Record *, 256> first_records = [] {
     std::array<const Record *, 256> firsts{};

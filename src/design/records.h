@@ -14,8 +14,6 @@ struct PointRules {
     int uncounted_type;                 // whose points do not add to cell 50
     std::span<const int> shifted_types; // whose coordinates stand in the file with 5000 added
     bool skips_points_beyond_table;
-
-    bool shifts(int type) const;
 };
 
 /// Of version 1 and version 2.
@@ -26,9 +24,9 @@ struct Reading {
     Scene &scene;
     const PointRules &rules;
     /// Nothing of the scene record is ever drawn; it only has to take what stands before the first object.
-    Object scene_record = {};
+    Object scene_record{};
     Object *object = &scene_record; ///< the object that the records belong to
-    bool shifted = false;           ///< whether that object's points stand in the file with 5000 added
+    int shift = 0;                  ///< what stands in the file above the coordinates of that object
     double file_version = 0;        ///< times ten
     bool ended = false;             ///< an object too many ends the reading
 };

@@ -5,8 +5,6 @@
 #include "design/text.h"
 
 #include <memory>
-#include <memory_resource>
-#include <vector>
 
 namespace marlogl {
 
@@ -17,8 +15,12 @@ inline constexpr Range cells{0, 61}, code_slots{0, 32}, face_slots{0, 28}, point
 /// A point of an outline, a road or a tower, or a texture position in pixels: by the object's kind.
 struct Point {
     std::int16_t x = 0, y = 0;
-    Text<2> code = {};      ///< a colour number, for the kinds that colour their points
-    Text<4> attribute = {}; ///< four marks, whose meaning belongs to the kind
+};
+
+/// What else a few kinds read of their points.
+struct PointText {
+    Text<2> colour;    ///< a colour number
+    Text<4> attribute; ///< four marks, whose meaning belongs to the kind
 };
 
 /// Two characters, then red, green and blue in three characters each; white unless said otherwise.
@@ -28,7 +30,11 @@ struct ColourText : Text<11> {
 };
 
 struct Object {
-    Object() {} // declared, or the tables would be cleared before they are filled
+    explicit Object(std::pmr::memory_resource *memory = std::pmr::get_default_resource())
+        : parameters("parameter cell", memory), codes("code slot", memory), colours("colour slot", memory),
+          texts("text slot", memory), points("point", memory), point_texts("point", memory)
+    {
+    }
 
     /// Type code; 0 means that there is no such object.
     std::int16_t type = 0;
@@ -36,18 +42,19 @@ struct Object {
     std::string_view name = "", x, y;
     /// Cell 50 counts the points, cell 58 is the base elevation, cell 61 the rotation about the vertical axis
     /// in degrees; the others belong to the object's kind.
-    Table<double, cells> parameters{"parameter cell"};
+    Table<double, cells> parameters;
     /// A face whose slot begins with "Y" is textured; slot 30 is the instance reference.
-    Table<Text<2>, code_slots> codes{"code slot"};
-    Table<ColourText, face_slots> colours{"colour slot"};
+    Table<Text<2>, code_slots> codes;
+    Table<ColourText, face_slots> colours;
     /// Free texts, among them the texture names of the faces.
-    Table<std::string_view, face_slots> texts{"text slot"};
-    Table<Point, point_numbers> points{"point"};
+    Table<std::string_view, face_slots> texts;
+    Table<Point, point_numbers> points;
+    Table<PointText, point_numbers> point_texts;
 };
 
 struct Scene {
-    /// Keeps the texts of the objects, many in one allocation.
-    std::unique_ptr<std::pmr::monotonic_buffer_resource> texts =
+    /// Keeps what the objects refer to, many things in one allocation.
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> memory =
         std::make_unique<std::pmr::monotonic_buffer_resource>();
     /// Objects 1, 2, ... in the order of the design file.
     std::vector<Object> objects;

@@ -1,11 +1,11 @@
-// Tables of fixed size, addressed by calls and always tested against their bounds.
+// Tables of limited size, addressed by calls and always tested against their bounds.
 #pragma once
 
 #include "base/run_error.h"
 #include "design/number.h"
 
-#include <array>
-#include <type_traits>
+#include <memory_resource>
+#include <vector>
 
 namespace marlogl {
 
@@ -19,63 +19,73 @@ struct Range {
 /// Raises the error of place_in. Errors: index.
 [[noreturn]] void raise_outside(double index, Range range, const char *name);
 
-/// The place of `index` in `range`, counted from 0. An index is a whole number or a double, which is rounded
-/// to a whole number first (halves to the even one); `name` says in messages what it counts. Errors: index.
-template <typename Index> std::size_t place_in(Range range, Index index, const char *name)
+/// The place of `index` in a range, counted from 0: less than the range's size, unless it lies outside. An
+/// index is a whole number or a double, which is rounded to a whole number first (halves to the even one).
+template <typename Index> std::size_t any_place(Range range, Index index)
 {
-    std::uint64_t place = 0; // below the first it becomes a very large one
     if constexpr (std::is_floating_point_v<Index>) {
         // Around here doubles are the whole numbers, and their bits count on with them: the sum is rounded,
         // halves to even. The bits of a sum that left this region, of NaN too, are far from its own.
         constexpr double whole_numbers = 1.5 * (std::int64_t{1} << 52);
-        place = std::bit_cast<std::uint64_t>(index + whole_numbers) -
-                std::bit_cast<std::uint64_t>(whole_numbers + range.first);
+        return std::bit_cast<std::uint64_t>(index + whole_numbers) -
+               std::bit_cast<std::uint64_t>(whole_numbers + range.first);
     } else {
-        place = static_cast<std::uint64_t>(std::int64_t{index} - range.first);
+        return static_cast<std::uint64_t>(std::int64_t{index} - range.first);
     }
-    if (place >= static_cast<std::uint64_t>(range.size())) [[unlikely]]
+}
+
+/// The place of an index that must not lie outside; `name` says in messages what it counts. Errors: index.
+template <typename Index> std::size_t place_in(Range range, Index index, const char *name)
+{
+    const std::size_t place = any_place(range, index);
+    if (place >= static_cast<std::size_t>(range.size())) [[unlikely]]
         raise_outside(static_cast<double>(index), range, name);
     return place;
 }
 
-template <typename T> inline constexpr T initial_value{};
-/// T() at an address that the compiler has to look up: it would not copy what it knows, but write small parts
-/// one by one.
-template <typename T> inline const T *const volatile initial = &initial_value<T>;
+template <typename T> inline const T initial_value{};
 
-/// A table of T, addressed by any index that place_in takes. Errors of every access: index.
+/// A table of T, addressed by whole numbers or doubles as place_in takes them. It has memory for what was
+/// changed so far and little more: many a table is hardly used. Errors of every access: index.
 template <typename T, Range Rows> class Table {
   public:
     /// `name` says in messages what the index counts. Every entry is T() at first.
-    explicit Table(const char *name) : name_(name)
-    {
-        static_assert(!std::is_trivially_default_constructible_v<T>);
-    }
-
-    /// The same for small values.
-    explicit Table(const char *name) requires(std::is_trivially_copyable_v<T> && sizeof(T) <= 16)
-        : name_(name), entries_(*initial<Entries>)
+    explicit Table(const char *name, std::pmr::memory_resource *memory = std::pmr::get_default_resource())
+        : name_(name), entries_(memory)
     {
     }
 
-    template <typename Index> T &operator()(Index index) { return entries_[place_in(Rows, index, name_)]; }
+    /// The entry, if there is memory for it already; else null, as for an index outside the table.
+    template <typename Index> T *find(Index index)
+    {
+        const std::size_t place = any_place(Rows, index);
+        return place < size_ ? &entries_[place] : nullptr;
+    }
+
+    template <typename Index> T &operator()(Index index)
+    {
+        const std::size_t place = any_place(Rows, index);
+        return place < size_ ? entries_[place] : grow(place_in(Rows, index, name_));
+    }
     template <typename Index> const T &operator()(Index index) const
     {
-        return entries_[place_in(Rows, index, name_)];
-    }
-
-    /// Whether `index` lies within the bounds.
-    static bool has(double index)
-    {
-        const double number = round_half_even(index);
-        return number >= Rows.first && number <= Rows.last;
+        if (const std::size_t place = any_place(Rows, index); place < size_) [[likely]]
+            return entries_[place];
+        place_in(Rows, index, name_);
+        return initial_value<T>;
     }
 
   private:
-    using Entries = std::array<T, static_cast<std::size_t>(Rows.size())>;
+    [[gnu::noinline]] T &grow(std::size_t place)
+    {
+        size_ = std::min<std::size_t>(std::bit_ceil(place | 63), Rows.size());
+        entries_.resize(size_);
+        return entries_[place];
+    }
 
     const char *name_;
-    Entries entries_;
+    std::pmr::vector<T> entries_;
+    std::size_t size_ = 0; // that of the entries, which would have to divide for it
 };
 
 } // namespace marlogl

@@ -22,7 +22,7 @@ inline void vertex_line(Output &out, double x, double y, double z)
     out.line("      glVertex3d( ", p0(x), ", ", p0(y), ", ", p0(z), " );");
 }
 
-inline void texture_line(Output &out, double u, double v)
+inline void texture_line(Output &out, auto u, auto v)
 {
     out.line("      glTexCoord2f( ", texture_u(u), ", ", texture_v(v), " );");
 }

@@ -22,7 +22,7 @@ char *put_corner(char *at, NgonLayout layout, const Corner &corner)
     const auto [point, u, v] = corner;
     if (layout == NgonLayout::gable)
         return put_line(put(put(at, "    "), p0(point)), "  ", spaced(u), " ", spaced(v));
-    return put_line(put(put(at, "   "), p0(point)), " ", blank_p0(u), " ", p0(v));
+    return put_line(put(put(at, "   "), p0(point)), "  ", p0(u), " ", p0(v));
 }
 
 } // namespace

@@ -22,9 +22,12 @@ template <int Decimals> struct AgainPattern {
     double value;
 };
 /// A value in a form of its own.
-enum class Form { two_digits, blank_whole, texture, general, spaced };
+enum class Form { two_digits, general, spaced };
 template <Form> struct NumberText {
     double value;
+};
+template <typename Number> struct TextureText {
+    Number pixel;
 };
 struct HexText {
     double value;
@@ -45,12 +48,6 @@ constexpr Pattern<6> p6(double x)
 
 /// "00": a whole number of at least two digits, 0 to 999.
 constexpr NumberText<Form::two_digits> p00(double x)
-{
-    return {x};
-}
-
-/// " 0": a blank, then a whole number.
-constexpr NumberText<Form::blank_whole> blank_p0(double x)
 {
     return {x};
 }
@@ -79,30 +76,34 @@ constexpr NumberText<Form::spaced> spaced(double x)
     return {x};
 }
 
-/// Upper-case hexadecimal digits of `x`, rounded half to even; a negative number counts as 0.
-/// Errors, when the text is made: overflow for a number above 2^53.
-constexpr HexText hex(double x)
+/// Upper-case hexadecimal digits of `x`, rounded half to even, and zeros in front where they are fewer than
+/// asked for; a negative number counts as 0. Errors, when the text is made: overflow for a number above 2^53.
+constexpr HexText hex(double x, int least_digits = 1)
 {
-    return {x, 1};
-}
-
-/// A hexadecimal text of at least two digits.
-constexpr HexText two_digit_hex(HexText text)
-{
-    return {text.value, 2};
+    return {x, least_digits};
 }
 
 /// Texture coordinate of a pixel position, whose whole part counts: 0 to 255 become 0 to 1 with texture_u
 /// and, the vertical axis being flipped, 1 to 0 with texture_v. Nothing is clamped. Six decimals and the
 /// letter f.
-inline NumberText<Form::texture> texture_u(double x)
+inline TextureText<double> texture_u(double x)
 {
     return {std::floor(x)};
 }
 
-inline NumberText<Form::texture> texture_v(double x)
+inline TextureText<double> texture_v(double x)
 {
     return {255 - std::floor(x)};
+}
+
+constexpr TextureText<int> texture_u(int x)
+{
+    return {x};
+}
+
+constexpr TextureText<int> texture_v(int x)
+{
+    return {255 - x};
 }
 
 /// `x` rounded to `decimals` decimals (0 to 15), halves away from zero.
@@ -211,12 +212,6 @@ inline char *put(char *at, NumberText<Form::two_digits> text)
     return put_whole(at, static_cast<unsigned>(text.value));
 }
 
-inline char *put(char *at, NumberText<Form::blank_whole> text)
-{
-    *at = ' ';
-    return put(at + 1, p0(text.value));
-}
-
 template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
 {
     // Two roundings in a row: the hundredth is reached once the millionths round up to its half, which is at
@@ -237,13 +232,13 @@ template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
     return put_again(at, text.value, Decimals);
 }
 
-inline char *put(char *at, NumberText<Form::texture> text)
+template <typename Number> char *put(char *at, TextureText<Number> text)
 {
-    if (text.value >= 0 && text.value <= 255) [[likely]] {
-        std::memcpy(at, texture_texts[static_cast<std::size_t>(text.value)], texture_width);
+    if (text.pixel >= 0 && text.pixel <= 255) [[likely]] {
+        std::memcpy(at, texture_texts[static_cast<std::size_t>(text.pixel)], texture_width);
         return at + texture_width;
     }
-    return put_beyond_texture(at, text.value);
+    return put_beyond_texture(at, text.pixel);
 }
 
 template <typename NumberText>

@@ -17,11 +17,19 @@ Output::~Output()
 // that is built in the buffer.
 void Output::flush()
 {
-    const std::string_view rest = pending().substr(std::min(block(), pending().size()));
+    std::unique_ptr<char[]> larger;
+    if (flushes_ % 16 == 15 && block_ < most_block)
+        larger = std::make_unique_for_overwrite<char[]>(2 * block_ + usual_need);
+    const std::string_view rest = pending().substr(std::min(block_, pending().size()));
     next_ -= rest.size();
     write_all();
+    if (larger) {
+        larger.swap(buffer_);
+        block_ *= 2;
+        next_ = buffer_.get();
+    }
     next_ = std::copy(rest.begin(), rest.end(), next_);
-    end_ = buffer_.get() + block() + usual_need;
+    end_ = buffer_.get() + block_ + usual_need;
 }
 
 void Output::write_all()

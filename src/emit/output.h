@@ -126,14 +126,13 @@ class Output {
 
     // The file gets whole blocks, which the system takes in two thirds of the time. The first ones are small:
     // memory takes time, too, where it is used for the first time.
-    std::size_t block() const { return flushes_ < 8 ? most_in_buffer : most_block; }
-
     static constexpr std::size_t most_block = 128 * 1024, usual_need = 4096;
 
     std::unique_ptr<OutputFile> file_;
+    std::size_t block_ = most_in_buffer;
     // Lines are built in place, some beyond a block.
-    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(most_block + usual_need);
-    char *next_ = buffer_.get(), *end_ = next_ + most_in_buffer + usual_need;
+    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(block_ + usual_need);
+    char *next_ = buffer_.get(), *end_ = next_ + block_ + usual_need;
     int flushes_ = 0;
 };
 

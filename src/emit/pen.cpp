@@ -54,20 +54,10 @@ template <typename Number> bool Pen::begin(int face, Number p1, Number p2, Numbe
 }
 
 // The texture line of a corner.
-void Pen::position(int slot)
+[[gnu::always_inline]] inline void Pen::position(int slot)
 {
     const Point &at = object.points(slot);
-    Drawing::PositionLine &last = to.position_lines(slot);
-    const auto write = [&] { texture_line(out(), at.x, at.y); };
-    if (last.again && last.x == at.x && last.y == at.y) {
-        out().lines(last.line, write);
-    } else {
-        write();
-        last.again = true;
-        last.x = at.x;
-        last.y = at.y;
-        last.line.forget();
-    }
+    texture_line(out(), at.x, at.y);
 }
 
 template <typename Number, std::size_t Corners>

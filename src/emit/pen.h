@@ -26,14 +26,6 @@ struct Drawing {
     Side side = outside;
     std::optional<ColourTable> colour_table; // once it was read
 
-    /// The texture lines that were written last, by position slot.
-    struct PositionLine {
-        std::int16_t x = 0, y = 0;
-        bool again = false; // a line that is written once is not worth keeping
-        KeptLines<64> line = {};
-    };
-    Table<PositionLine, point_numbers> position_lines{"point"};
-
     /// Creates the output file. Errors: those of Output.
     Drawing(FileSystem &all_files, const Configuration &all_settings, std::string colour_table_at,
             const std::string &output_at, std::string ngon_at)

@@ -4,7 +4,7 @@ namespace marlogl {
 
 Vertex Vertices::difference(double from, double to) const
 {
-    if (!rows_.has(from + 1) || !rows_.has(to + 1))
+    if (std::max(any_place(rows, from + 1), any_place(rows, to + 1)) > rows.last)
         return {0, 0, 0};
     const Vertex &a = (*this)(from), &b = (*this)(to);
     return {a.x - b.x, a.y - b.y, a.z - b.z};

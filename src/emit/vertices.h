@@ -14,8 +14,6 @@ struct Vertex {
 /// the count keep the points of earlier objects.
 class Vertices {
   public:
-    Vertices() {} // declared, or the rows would be cleared before they are made
-
     /// Begins to count from 0 again.
     void restart() { count_ = 0; }
 

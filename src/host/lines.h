@@ -40,7 +40,7 @@ class LineReader {
     const std::string &path() const { return path_; }
 
   private:
-    static constexpr std::size_t capacity = 16384;
+    static constexpr std::size_t capacity = 8192;
 
     bool fill();
     std::string_view read_long_line(std::size_t most);

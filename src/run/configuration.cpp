@@ -30,11 +30,6 @@ void locate(FileSystem &files, Configuration &configuration)
                                : "in " + beside + " or in the current folder " + current));
 }
 
-bool is_nine_digits(std::string_view line)
-{
-    return line.size() == 9 && line.find_first_not_of("0123456789") == line.npos;
-}
-
 std::string colour_components(std::string_view line)
 {
     const std::string_view last = line.size() > 3 ? line.substr(line.size() - 3) : line;
@@ -62,7 +57,7 @@ Configuration read_configuration(FileSystem &files)
     };
     const auto next_colour = [&] {
         const std::string_view line = next_line();
-        if (!is_nine_digits(line))
+        if (line.size() != 9 || line.find_first_not_of("0123456789") != line.npos)
             configuration.warning += (configuration.warning.empty() ? file.path() + ": " : "; ") + "line " +
                                      std::to_string(number) + ": the colour " + quoted(line) +
                                      " is not nine digits";

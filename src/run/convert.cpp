@@ -22,11 +22,6 @@ std::string output_path(const std::string &configured)
 struct NamedFile {
     const char *name;
     std::string path, identity;
-
-    NamedFile(FileSystem &files, const char *known_as, const std::string &at)
-        : name(known_as), path(at), identity(files.identity(at))
-    {
-    }
 };
 
 // Opening empties a file that is written, and a link may lead from it to another file of the conversion.
@@ -38,21 +33,24 @@ void refuse_link(const NamedFile &written, const NamedFile &other)
                                                 " itself");
 }
 
-std::unique_ptr<Drawing> begin_drawing(FileSystem &files, const Configuration &configuration)
+Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
 {
-    const NamedFile output(files, "output file", output_path(configuration.output));
-    const NamedFile ngon(files, "temporary point file", configuration.folder + native_path("\\tempofil.%%%"));
+    const auto named = [&](const char *name, const std::string &path) {
+        return NamedFile{name, path, files.identity(path)};
+    };
+    const NamedFile output = named("output file", output_path(configuration.output));
+    const NamedFile ngon =
+        named("temporary point file", configuration.folder + native_path("\\tempofil.%%%"));
     const NamedFile inputs[] = {
-        {files,           "design file",           find_file(files,       native_path(configuration.design))},
-        {files,           "run configuration",     configuration.file   },
-        {files, "colour table", colour_table_path(files, configuration.folder)                                  }
+        named("design file", find_file(files, native_path(configuration.design))),
+        named("run configuration", configuration.file),
+        named("colour table", colour_table_path(files, configuration.folder)),
     };
     for (const NamedFile *written : {&output, &ngon})
         for (const NamedFile &input : inputs)
             refuse_link(*written, input);
     refuse_link(ngon, output);
-    // Its tables are too large for a small stack.
-    return std::make_unique<Drawing>(files, configuration, inputs[2].path, output.path, ngon.path);
+    return Drawing(files, configuration, inputs[2].path, output.path, ngon.path);
 }
 
 double scale(std::string_view scale_level)
@@ -95,8 +93,7 @@ int design_version(std::string_view path)
 
 void convert(FileSystem &files, const Configuration &configuration)
 {
-    const std::unique_ptr<Drawing> holder = begin_drawing(files, configuration);
-    Drawing &drawing = *holder;
+    Drawing drawing = begin_drawing(files, configuration);
     if (const int version = design_version(configuration.design); version != 0) {
         const Scene scene = read_design(files, configuration.design, version);
         write_header(drawing.out, scale(scene.scale_level));

@@ -7,21 +7,21 @@ namespace {
 
 // What the attribute of a point says.
 struct BeamPoint {
-    const Point &at;
+    const Text<4> &attribute;
 
-    bool takes_part() const { return at.attribute(3) == 'P'; }
-    bool starts_run() const { return at.attribute(2) == 'S'; }
-    bool skips_closing() const { return at.attribute(4) == 'V'; }
+    bool takes_part() const { return attribute(3) == 'P'; }
+    bool starts_run() const { return attribute(2) == 'S'; }
+    bool skips_closing() const { return attribute(4) == 'V'; }
 };
 
 void record_points(Pen &pen, double count, bool upright)
 {
     const double base = pen.cell(58), offset = pen.cell(2), rise = pen.cell(5);
     for (double i = 1; i <= count; ++i) {
-        const BeamPoint point{pen.object.points(i)};
+        const BeamPoint point{pen.object.point_texts(i).attribute};
         if (!point.takes_part())
             continue;
-        const double px = point.at.x, py = point.at.y;
+        const double px = pen.object.points(i).x, py = pen.object.points(i).y;
         if (upright) {
             if (point.starts_run())
                 pen.record(px, base, py + rise);
@@ -69,7 +69,7 @@ void draw_beam(Pen &pen)
     bool open = false;
     int length = 0;
     for (double i = 1; i <= count; ++i) {
-        const BeamPoint point{pen.object.points(i)};
+        const BeamPoint point{pen.object.point_texts(i).attribute};
         if (!point.takes_part())
             continue;
         if (point.starts_run()) {
@@ -89,7 +89,7 @@ void draw_beam(Pen &pen)
             fan.previous = fan.last;
         }
     }
-    if (!BeamPoint{pen.object.points(count)}.skips_closing())
+    if (!BeamPoint{pen.object.point_texts(count).attribute}.skips_closing())
         fan.close();
 }
 

@@ -9,7 +9,7 @@ void draw_fence(Pen &pen)
     const double count = pen.cell(point_count_cell), foot = pen.cell(58), top = foot + pen.cell(1);
     if (count == 0)
         return;
-    const auto attribute = [&](double i) -> const Text<4> & { return pen.object.points(i).attribute; };
+    const auto attribute = [&](double i) -> const Text<4> & { return pen.object.point_texts(i).attribute; };
     const auto point_line = [&](double i, double z) {
         const Point &point = pen.object.points(i);
         vertex_line(pen.out(), point.x, point.y, z);

@@ -19,13 +19,13 @@ void draw_wire_frame(Pen &pen, Span width, double count)
         wire_line(pen.out(), x, point.x, point.y + elevation);
     };
     for (double i = 1; i <= count; ++i) {
-        if (pen.object.points(i).attribute(1) == 'Y') {
+        if (pen.object.point_texts(i).attribute(1) == 'Y') {
             profile_line(width.low, i);
             profile_line(width.high, i);
         }
     }
     for (double i = 2; i <= count; ++i) {
-        if (pen.object.points(i).attribute(2) == 'S')
+        if (pen.object.point_texts(i).attribute(2) == 'S')
             continue;
         for (const double x : {width.low, width.high}) {
             profile_line(x, i - 1);
@@ -118,7 +118,7 @@ void draw_roads(Pen &pen)
     const ColourTable &colours = pen.to.colours();
     const Span width = centred(road_width);
 
-    colour_line(pen.out(), colours(colour_number(numeric_value(pen.object.points(1).code), 1)));
+    colour_line(pen.out(), colours(colour_number(numeric_value(pen.object.point_texts(1).colour), 1)));
     pen.out().line(begin_lines);
     draw_wire_frame(pen, width, count);
     if (road_width > 0 && pen.cell(31) != 3) {

@@ -16,13 +16,14 @@ struct Tower {
 // A point of the design file is a member of the lattice, one end of it in the middle of the tower's width.
 struct Member {
     const Point &point;
+    const PointText &text;
 
-    bool in_line_block() const { return point.attribute(1) == 'Y' && horizontal(); }
-    bool starts_run() const { return point.attribute(2) == 'S'; }
-    bool has_light() const { return point.attribute(3) == 'Y'; }
-    bool horizontal() const { return point.attribute(4) == 'H'; }
-    bool vertical() const { return point.attribute(4) == 'V'; }
-    double colour() const { return numeric_value(point.code); }
+    bool in_line_block() const { return text.attribute(1) == 'Y' && horizontal(); }
+    bool starts_run() const { return text.attribute(2) == 'S'; }
+    bool has_light() const { return text.attribute(3) == 'Y'; }
+    bool horizontal() const { return text.attribute(4) == 'H'; }
+    bool vertical() const { return text.attribute(4) == 'V'; }
+    double colour() const { return numeric_value(text.colour); }
 };
 
 using Members = std::vector<Member>;
@@ -196,7 +197,7 @@ void draw_tower(Pen &pen)
     Members members, horizontal, vertical;
     bool has_line_block = false, has_lights = false;
     for (double i = 1; i <= count; ++i) {
-        const Member member{pen.object.points(i)};
+        const Member member{pen.object.points(i), pen.object.point_texts(i)};
         members.push_back(member);
         if (member.horizontal())
             horizontal.push_back(member);

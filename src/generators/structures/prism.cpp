@@ -49,7 +49,7 @@ void Prism::draw_triangle_cap(const Cap &cap, std::string_view codes, bool oppos
 {
     const double first = first_point(cap);
     for (double j = 1; j <= n - 2; ++j) {
-        const Text<4> &names = pen.object.points(j).attribute;
+        const Text<4> &names = pen.object.point_texts(j).attribute;
         const auto a = codes.find(names(1)), b = codes.find(names(2)), c = codes.find(names(3));
         if (a == codes.npos || b == codes.npos || c == codes.npos)
             continue;

@@ -201,7 +201,7 @@ void write_antenna_commands(Pen &pen, int last_point)
 {
     const Text<11> &colour = pen.object.colours(13);
     const auto component = [&](std::size_t first) {
-        return two_digit_hex(hex(numeric_value(columns(colour, first, first + 2))));
+        return hex(numeric_value(columns(colour, first, first + 2)), 2);
     };
     bool coloured = false;
     for (int j = 1; j <= 4; ++j) {
