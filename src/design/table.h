@@ -78,7 +78,9 @@ template <typename T, Range Rows> class Table {
   private:
     [[gnu::noinline]] T &grow(std::size_t place)
     {
-        size_ = std::min<std::size_t>(std::bit_ceil(place | 63), Rows.size());
+        constexpr std::size_t all = Rows.size();
+        const std::size_t enough = std::bit_ceil(place | 63); // rarely much more than needed
+        size_ = 2 * enough > all ? all : enough;
         entries_.resize(size_);
         return entries_[place];
     }
