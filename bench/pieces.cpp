@@ -21,7 +21,6 @@ class CountedOutput : public OutputFile {
     void write(std::string_view text) override { count_ += text.size(); }
     void close() override {}
     void abandon(std::string_view) noexcept override {}
-    void discard() noexcept override {}
 
   private:
     std::size_t &count_;

@@ -20,7 +20,6 @@ class ThrownAway : public OutputFile {
     }
     void close() override {}
     void abandon(std::string_view text) noexcept override { write(text); }
-    void discard() noexcept override {}
 
   private:
     std::string *written_;

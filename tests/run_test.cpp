@@ -220,7 +220,6 @@ class FailingFiles : public MemoryFiles {
             file->close();
         }
         void abandon(std::string_view text) noexcept override { file->abandon(text); }
-        void discard() noexcept override { file->discard(); }
     };
 
     void pass()

@@ -29,24 +29,20 @@ char *put_corner(char *at, NgonLayout layout, const Corner &corner)
 
 NgonFile::~NgonFile()
 {
-    if (!file_)
-        return;
-    if (!present_) {
-        file_->discard();
-        return;
-    }
-    // It takes no memory: that may be what is missing.
-    char text[4 * output::most_of_number];
-    for (const Corner &corner : written_) {
-        const char *end = put_corner(text, layout_, corner);
-        file_->abandon({text, static_cast<std::size_t>(end - text)});
+    try {
+        settle();
+    } catch (const std::exception &) { // the conversion has failed for another reason
     }
 }
 
 void NgonFile::open(NgonLayout layout)
 {
-    if (!file_)
-        file_ = files_.create(path_);
+    if (!is_created_ && !can_wait_) {
+        can_wait_ = files_.can_create(path_);
+        if (!can_wait_)
+            files_.create(path_)->close();
+        is_created_ = !can_wait_;
+    }
     layout_ = layout;
     written_.clear();
     present_ = true;
@@ -67,19 +63,19 @@ std::span<const Corner> NgonFile::read()
 
 void NgonFile::settle()
 {
-    if (!file_)
-        return;
-    const std::unique_ptr<OutputFile> settling = std::move(file_);
-    std::string lines;
-    char line[4 * output::most_of_number];
-    if (present_)
-        for (const Corner &corner : written_)
-            lines.append(line, put_corner(line, layout_, corner));
-    if (!lines.empty())
-        settling->write(lines);
-    settling->close();
-    if (!present_)
+    const bool was_created = std::exchange(is_created_, false);
+    if (std::exchange(present_, false)) {
+        const std::unique_ptr<OutputFile> file = files_.create(path_);
+        // It takes no more memory: that may be what is missing.
+        char line[4 * output::most_of_number];
+        for (const Corner &corner : written_) {
+            const char *end = put_corner(line, layout_, corner);
+            file->write({line, static_cast<std::size_t>(end - line)});
+        }
+        file->close();
+    } else if (was_created) {
         files_.remove(path_);
+    }
 }
 
 } // namespace marlogl

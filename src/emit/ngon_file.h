@@ -23,7 +23,7 @@ enum class NgonLayout {
 };
 
 /// The corners that were written last. While the conversion lasts they are kept in memory; the file holds
-/// them afterwards, unless they were read.
+/// them afterwards, unless they were read: then it need not even come into being.
 class NgonFile {
   public:
     static constexpr Range corners{1, 20};
@@ -32,7 +32,8 @@ class NgonFile {
     /// Unless it was settled, a conversion has failed: settles it as far as that can be done.
     ~NgonFile();
 
-    /// Empties the file, which the first call creates. Errors: missing_file, input_output.
+    /// Empties the file, which the first call creates, unless that can wait. Errors: missing_file,
+    /// input_output.
     void open(NgonLayout layout);
 
     /// Writes a corner. The point number is rounded to a whole one, halves away from zero, as its text shows
@@ -49,7 +50,8 @@ class NgonFile {
   private:
     FileSystem &files_;
     std::string path_;
-    std::unique_ptr<OutputFile> file_; // created and still empty; none before the first n-gon
+    bool is_created_ = false; // and empty
+    bool can_wait_ = false;   // until the file has to stay
     NgonLayout layout_ = NgonLayout::cap;
     std::vector<Corner> written_;
     bool present_ = false; // whether a program that looked would find the file

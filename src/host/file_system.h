@@ -32,9 +32,6 @@ class OutputFile {
 
     /// Instead of write and close once something has failed: writes what the file still takes of `text`.
     virtual void abandon(std::string_view text) noexcept = 0;
-
-    /// Closes and deletes the file, if that can be done.
-    virtual void discard() noexcept = 0;
 };
 
 class FileSystem {
@@ -48,6 +45,10 @@ class FileSystem {
     /// Opens a file for writing and empties it.
     /// Errors: missing_file (no such folder), input_output.
     virtual std::unique_ptr<OutputFile> create(const std::string &path) = 0;
+
+    /// Whether nothing has this name and `create` would make a new file, as far as the system tells without
+    /// making one; false when in doubt.
+    virtual bool can_create(const std::string &) { return false; }
 
     /// Deletes a file.
     /// Errors: input_output.

@@ -32,7 +32,6 @@ class MemoryOutput : public OutputFile {
     void write(std::string_view text) override { files_.files[path_] += text; }
     void close() override {}
     void abandon(std::string_view text) noexcept override { write(text); }
-    void discard() noexcept override { files_.files.erase(path_); }
 
   private:
     MemoryFiles &files_;

@@ -15,6 +15,7 @@ class MemoryFiles : public FileSystem {
 
     std::unique_ptr<InputFile> open(const std::string &path) override;
     std::unique_ptr<OutputFile> create(const std::string &path) override;
+    bool can_create(const std::string &path) override { return identity(path).empty(); }
     void remove(const std::string &path) override;
     std::string identity(const std::string &path) override;
     std::vector<std::string> names_in(const std::string &folder) override;

@@ -19,6 +19,8 @@
 #include "host/windows_text.h"
 
 #include <io.h>
+#else
+#include <sys/statvfs.h>
 #endif
 
 namespace marlogl {
@@ -72,6 +74,11 @@ int open_descriptor(const std::string &path, int flags)
 int delete_file(const std::string &path)
 {
     return _wunlink(native(path).c_str());
+}
+
+bool can_make(const std::string &)
+{
+    return false;
 }
 
 void cut(int descriptor, std::int64_t size)
@@ -135,6 +142,16 @@ int open_descriptor(const std::string &path, int flags)
 int delete_file(const std::string &path)
 {
     return ::unlink(path.c_str());
+}
+
+bool can_make(const std::string &path)
+{
+    const std::string folder = path.substr(0, path.rfind('/'));
+    struct stat known;
+    struct statvfs device;
+    return ::lstat(path.c_str(), &known) != 0 && errno == ENOENT &&
+           ::access(folder.c_str(), W_OK | X_OK) == 0 && ::statvfs(folder.c_str(), &device) == 0 &&
+           device.f_bavail > 0 && device.f_favail > 0;
 }
 
 void cut(int descriptor, std::int64_t size)
@@ -250,12 +267,6 @@ class SystemOutputFile : public OutputFile {
     // After a failed write nothing is taken any more: it would stand behind a gap.
     void abandon(std::string_view text) noexcept override { take(text); }
 
-    void discard() noexcept override
-    {
-        ::close(std::exchange(file_.number, -1));
-        delete_file(file_.path);
-    }
-
   private:
     // Whether the file took all of `text`; else errno tells why not.
     bool take(std::string_view text) noexcept
@@ -300,6 +311,8 @@ class SystemFiles : public FileSystem {
             fail("create", path, no_such_file() ? Fault::missing_file : Fault::input_output);
         return std::make_unique<SystemOutputFile>(number, path);
     }
+
+    bool can_create(const std::string &path) override { return can_make(path); }
 
     void remove(const std::string &path) override
     {
