@@ -92,18 +92,18 @@ std::vector<FileReport> check_configuration(FileSystem &files, const std::string
         return reports;
 
     const Configuration configuration = read_configuration(checked);
-    const std::string design = find_file(checked, native_path(configuration.design));
+    const auto [design, identity] = find_file(checked, native_path(configuration.design));
     const int version = design_version(configuration.design);
     if (version == 0) {
         check.tell("wrong-ending", 1, configuration.design.size(),
                    "the name ends in neither .mrl nor .mr2; the output will be empty");
-    } else if (!checked.exists(design)) {
+    } else if (identity.empty()) {
         check.tell("design-missing", 1, configuration.design.size(),
                    "there is no file " + quoted_path(configuration.design));
     } else {
         const std::string output = native_path(configuration.output);
         const Surroundings surroundings{{folder_of(output), folder_of(design)},
-                                        colour_table_path(checked, configuration.folder)};
+                                        find_colour_table(checked, configuration.folder).path};
         check_design(checked, design, version, surroundings,
                      reports.emplace_back(checked.at(design), settings.disabled));
     }

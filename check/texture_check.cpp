@@ -51,8 +51,8 @@ TextureCheck::Fault TextureCheck::fault_of(const std::string &name)
         others |= holds_bitmaps(folder_of(folder + file));
     }
     for (const std::string &folder : folders_)
-        if (const std::string found = find_file(files_, file, folder); files_.exists(found))
-            return {"texture-case", "the file is " + quoted_path(found.substr(folder.size())) +
+        if (const Found found = find_file(files_, file, folder); !found.identity.empty())
+            return {"texture-case", "the file is " + quoted_path(found.path.substr(folder.size())) +
                                         "; other systems will not find " + quoted_path(file)};
     if (!others)
         return {};

@@ -71,8 +71,8 @@ std::string design_of(SourceFiles &files, const marlogl::Configuration &configur
     std::string named = marlogl::native_path(configuration.design);
     if (fs::path(named).is_absolute() || configuration.folder == ".")
         return named;
-    std::string beside = marlogl::find_file(files, '/' + named, configuration.folder);
-    return files.exists(beside) ? beside : named;
+    const auto [beside, identity] = marlogl::find_file(files, '/' + named, configuration.folder);
+    return !identity.empty() ? beside : named;
 }
 
 // The configuration in a folder; nothing when there is none that can be read.
@@ -106,7 +106,7 @@ marlogl::Configuration configuration_of(SourceFiles &files, const std::string &p
     for (const std::string &folder : {folder_of(path), folder_of(path) + "/..", std::string(".")}) {
         const auto found = configuration_in(files, folder);
         if (found && !identity.empty() &&
-            files.identity(marlogl::find_file(files, design_of(files, *found))) == identity) {
+            marlogl::find_file(files, design_of(files, *found)).identity == identity) {
             result = *found;
             break;
         }
@@ -127,7 +127,7 @@ std::vector<DesignObject> objects_of(SourceFiles &files, const std::string &desi
         objects.push_back({kind != nullptr ? kind->name : "", 0, drawn, {}});
         ++number;
     }
-    marlogl::LineReader lines(files, marlogl::find_file(files, design));
+    marlogl::LineReader lines(files, marlogl::find_file(files, design).path);
     std::size_t begun = 0;
     for (std::uint32_t number = 1; !lines.at_end(); ++number) {
         const std::string_view line = lines.read_line();
@@ -154,7 +154,7 @@ Source convert_in_memory(const std::string &path, FilesRead &files_read)
                                  " is not converted: its name ends in neither MRL nor MR2");
     for (const std::string &folder :
          {configuration.folder, folder_of(configuration.design), std::string(".")})
-        if (files.exists(marlogl::colour_table_path(files, folder))) {
+        if (!marlogl::find_colour_table(files, folder).identity.empty()) {
             configuration.folder = folder;
             break;
         }

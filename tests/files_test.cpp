@@ -105,12 +105,12 @@ TEST(Paths, AreFoundByAnySpelling)
                   "Town/Other.mr2=TOWN/other.mr2|A//X=a//x|b=b|B=B|C1/y=c1/Y|c1/Z=C1/z|/ROOT/f=/root/F|"
                   "town/none=town/none|none/Scene.MR2=none/Scene.MR2|=",
                   [&](const std::string &spelled, const std::string &found) {
-                      EXPECT_EQ(find_file(files, spelled), found) << spelled;
+                      EXPECT_EQ(find_file(files, spelled).path, found) << spelled;
                   });
     files.files.erase("b");
     files.files["bA"], files.files["Ba"];
-    EXPECT_EQ(find_file(files, "b"), "B");
-    EXPECT_EQ(find_file(files, "ba"), "Ba"); // the first in byte order
+    EXPECT_EQ(find_file(files, "b").path, "B");
+    EXPECT_EQ(find_file(files, "ba").path, "Ba"); // the first in byte order
     EXPECT_EQ(native_path("a\\b/c\\"), "a/b/c/");
 }
 
@@ -156,7 +156,7 @@ class OperatingSystem : public testing::Test {
 TEST_F(OperatingSystem, HoldsFiles)
 {
     put("Old.txt", "an old content");
-    EXPECT_EQ(find_file(files, path("oLD.TXT")), path("Old.txt"));
+    EXPECT_EQ(find_file(files, path("oLD.TXT")).path, path("Old.txt"));
     const auto output = files.create(path("Old.txt"));
     output->write("a\r\n");
     output->write("b\r\n");

@@ -1,11 +1,10 @@
 #include "design/colour_table.h"
 
 #include "host/lines.h"
-#include "host/paths.h"
 
 namespace marlogl {
 
-std::string colour_table_path(FileSystem &files, const std::string &folder)
+Found find_colour_table(FileSystem &files, const std::string &folder)
 {
     return find_file(files, native_path("\\appl\\colors.tab"), folder);
 }

@@ -3,7 +3,7 @@
 
 #include "design/table.h"
 #include "design/text.h"
-#include "host/file_system.h"
+#include "host/paths.h"
 
 namespace marlogl {
 
@@ -19,8 +19,8 @@ struct TableColour {
 /// Entries that no line of the file filled are blank.
 using ColourTable = Table<TableColour, Range{1, 60}>;
 
-/// The path of the colour table of the program's folder, which need not exist. Errors: input_output.
-std::string colour_table_path(FileSystem &files, const std::string &folder);
+/// The colour table of the program's folder, which need not exist. Errors: input_output.
+Found find_colour_table(FileSystem &files, const std::string &folder);
 
 /// Errors: missing_file, past_end for an empty file, input_output.
 ColourTable read_colour_table(FileSystem &files, const std::string &path);

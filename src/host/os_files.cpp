@@ -128,10 +128,10 @@ std::string spelled(const fs::path &path)
 fs::path executable_path()
 {
     const char *link = "/proc/self/exe";
-    std::error_code failed;
-    fs::path path = fs::read_symlink(link, failed);
-    check_look(failed, link);
-    return path;
+    char path[4096]; // no path of the system is longer
+    const auto size = ::readlink(link, path, sizeof path);
+    check_look(size < 0 ? std::error_code(errno, std::generic_category()) : std::error_code(), link);
+    return std::string(path, static_cast<std::size_t>(std::max(size, decltype(size){0})));
 }
 
 int open_descriptor(const std::string &path, int flags)

@@ -30,26 +30,21 @@ std::vector<std::string> spellings(FileSystem &files, const std::string &folder,
     return names;
 }
 
-// An existing file or folder: the path that led there, and its identity.
-struct Found {
-    std::string path, identity;
-};
-
 // Finds spelled paths, asking the file system only once what a name may mean in a folder: "a/../a/../" comes
 // by the same places again and again.
 class Search {
   public:
     explicit Search(FileSystem &files) : files_(files) {}
 
-    // The first existing path that the spelled path `rest` leads to from `start`, else an empty text.
-    std::string find(const std::string &start, std::string_view rest)
+    // The first existing path that the spelled path `rest` leads to from `start`, else an empty one.
+    Found find(const std::string &start, std::string_view rest)
     {
         std::vector<Found> found(1, {start, ""});
         while (!found.empty()) {
             const auto name = std::find_if_not(rest.begin(), rest.end(), is_separator);
             const auto end = std::find_if(name, rest.end(), is_separator);
             if (name == end)
-                return found.front().path;
+                return found.front();
             std::vector<Found> longer;
             for (Found &folder : found) {
                 folder.path.append(rest.begin(), name);
@@ -93,13 +88,18 @@ std::string native_path(std::string_view path)
     return native;
 }
 
-std::string find_file(FileSystem &files, const std::string &path, const std::string &folder)
+Found find_exactly(FileSystem &files, const std::string &path)
 {
-    std::string exact = folder + path;
-    if (exact.empty() || files.exists(exact))
+    return {path, files.identity(path)};
+}
+
+Found find_file(FileSystem &files, const std::string &path, const std::string &folder)
+{
+    Found exact = find_exactly(files, folder + path);
+    if (exact.path.empty() || !exact.identity.empty())
         return exact;
-    std::string found = Search(files).find(folder, path);
-    return found.empty() ? exact : found;
+    Found found = Search(files).find(folder, path);
+    return found.path.empty() ? exact : found;
 }
 
 } // namespace marlogl

@@ -17,9 +17,10 @@ void locate(FileSystem &files, Configuration &configuration)
     // Only a program without the exact name in both folders lists what is in them, which may be much.
     for (const bool exact : {true, false})
         for (const std::string &folder : folders) {
+            const Found found = exact ? find_exactly(files, folder + name) : find_file(files, name, folder);
             configuration.folder = folder;
-            configuration.file = exact ? folder + name : find_file(files, name, folder);
-            if (files.exists(configuration.file))
+            configuration.file = found.path;
+            if (!found.identity.empty())
                 return;
         }
     const std::string beside = quoted_path(folders[0]), current = quoted_path(files.current_folder());

@@ -21,36 +21,31 @@ std::string output_path(const std::string &configured)
 // A file of the conversion.
 struct NamedFile {
     const char *name;
-    std::string path, identity;
+    Found at;
 };
 
 // Opening empties a file that is written, and a link may lead from it to another file of the conversion.
 void refuse_link(const NamedFile &written, const NamedFile &other)
 {
-    if (!written.identity.empty() && written.identity == other.identity)
+    if (!written.at.identity.empty() && written.at.identity == other.at.identity)
         throw RunError(Fault::input_output, std::string("the ") + written.name + ' ' +
-                                                quoted_path(written.path) + " is the " + other.name +
+                                                quoted_path(written.at.path) + " is the " + other.name +
                                                 " itself");
 }
 
 Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
 {
-    const auto named = [&](const char *name, const std::string &path) {
-        return NamedFile{name, path, files.identity(path)};
-    };
-    const NamedFile output = named("output file", output_path(configuration.output));
-    const NamedFile ngon =
-        named("temporary point file", configuration.folder + native_path("\\tempofil.%%%"));
-    const NamedFile inputs[] = {
-        named("design file", find_file(files, native_path(configuration.design))),
-        named("run configuration", configuration.file),
-        named("colour table", colour_table_path(files, configuration.folder)),
-    };
+    const std::string point_file = configuration.folder + native_path("\\tempofil.%%%");
+    const NamedFile output{"output file", find_exactly(files, output_path(configuration.output))};
+    const NamedFile ngon{"temporary point file", find_exactly(files, point_file)};
+    const NamedFile design{"design file", find_file(files, native_path(configuration.design))};
+    const NamedFile settings{"run configuration", find_exactly(files, configuration.file)};
+    const NamedFile colours{"colour table", find_colour_table(files, configuration.folder)};
     for (const NamedFile *written : {&output, &ngon})
-        for (const NamedFile &input : inputs)
-            refuse_link(*written, input);
+        for (const NamedFile *input : {&design, &settings, &colours})
+            refuse_link(*written, *input);
     refuse_link(ngon, output);
-    return Drawing(files, configuration, inputs[2].path, output.path, ngon.path);
+    return Drawing(files, configuration, colours.at.path, output.at.path, point_file);
 }
 
 double scale(std::string_view scale_level)
