@@ -45,13 +45,15 @@ void open_next_object(Reading &reading, Line line)
     reading.shift = std::ranges::count(reading.rules.shifted_types, reading.object->type) > 0 ? 5000 : 0;
 }
 
-// Lets a text of an object be that of a line. One that is given again takes the place that it has, if it
-// fits.
+// Lets a text of an object be that of a line. The same text often comes several times in a row, as that of
+// one face after the other.
 void keep(Reading &reading, std::string_view &kept, std::string_view text)
 {
-    void *const place = text.size() <= kept.size() ? const_cast<char *>(kept.data())
-                                                   : reading.scene.memory->allocate(text.size(), 1);
-    kept = {std::copy(text.begin(), text.end(), static_cast<char *>(place)) - text.size(), text.size()};
+    if (text != reading.last_text) {
+        char *const place = static_cast<char *>(reading.scene.memory->allocate(text.size(), 1));
+        reading.last_text = {std::copy(text.begin(), text.end(), place) - text.size(), text.size()};
+    }
+    kept = reading.last_text;
 }
 
 // The rest of the line goes to a text of the object.

@@ -25,10 +25,11 @@ struct Reading {
     const PointRules &rules;
     /// Nothing of the scene record is ever drawn; it only has to take what stands before the first object.
     Object scene_record{};
-    Object *object = &scene_record; ///< the object that the records belong to
-    int shift = 0;                  ///< what stands in the file above the coordinates of that object
-    double file_version = 0;        ///< times ten
-    bool ended = false;             ///< an object too many ends the reading
+    Object *object = &scene_record;  ///< the object that the records belong to
+    int shift = 0;                   ///< what stands in the file above the coordinates of that object
+    std::string_view last_text = ""; ///< the one that was kept last
+    double file_version = 0;         ///< times ten
+    bool ended = false;              ///< an object too many ends the reading
 };
 
 /// What a record does. Errors: index, overflow.

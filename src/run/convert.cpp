@@ -19,33 +19,32 @@ std::string output_path(const std::string &configured)
 }
 
 // A file of the conversion.
-struct NamedFile {
+struct NamedFile : Found {
     const char *name;
-    Found at;
 };
 
 // Opening empties a file that is written, and a link may lead from it to another file of the conversion.
 void refuse_link(const NamedFile &written, const NamedFile &other)
 {
-    if (!written.at.identity.empty() && written.at.identity == other.at.identity)
+    if (!written.identity.empty() && written.identity == other.identity)
         throw RunError(Fault::input_output, std::string("the ") + written.name + ' ' +
-                                                quoted_path(written.at.path) + " is the " + other.name +
+                                                quoted_path(written.path) + " is the " + other.name +
                                                 " itself");
 }
 
 Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
 {
     const std::string point_file = configuration.folder + native_path("\\tempofil.%%%");
-    const NamedFile output{"output file", find_exactly(files, output_path(configuration.output))};
-    const NamedFile ngon{"temporary point file", find_exactly(files, point_file)};
-    const NamedFile design{"design file", find_file(files, native_path(configuration.design))};
-    const NamedFile settings{"run configuration", find_exactly(files, configuration.file)};
-    const NamedFile colours{"colour table", find_colour_table(files, configuration.folder)};
+    const NamedFile output{find_exactly(files, output_path(configuration.output)), "output file"};
+    const NamedFile ngon{find_exactly(files, point_file), "temporary point file"};
+    const NamedFile design{find_file(files, native_path(configuration.design)), "design file"};
+    const NamedFile settings{find_exactly(files, configuration.file), "run configuration"};
+    const NamedFile colours{find_colour_table(files, configuration.folder), "colour table"};
     for (const NamedFile *written : {&output, &ngon})
         for (const NamedFile *input : {&design, &settings, &colours})
             refuse_link(*written, *input);
     refuse_link(ngon, output);
-    return Drawing(files, configuration, colours.at.path, output.at.path, point_file);
+    return {files, configuration, colours.path, output.path, point_file};
 }
 
 double scale(std::string_view scale_level)
