@@ -43,6 +43,11 @@ Field components_of(const LineSeen &seen)
     return seen.field(6, 14);
 }
 
+std::string components_of(const TableColour &colour)
+{
+    return std::string(colour.red.view()).append(colour.green).append(colour.blue);
+}
+
 void short_colour(const LineSeen &seen, const Say &say)
 {
     const Field field = components_of(seen);
@@ -102,7 +107,7 @@ void colour_not_in_table(const ObjectSeen &seen, const Say &say)
         return;
     for_each_colour_number(seen, [&](std::string_view text, int replacement, LineNumber line) {
         const double number = colour_number(numeric_value(text), replacement);
-        if (!is_whole_colour((*seen.colours)(number).components))
+        if (!is_whole_colour(components_of((*seen.colours)(number))))
             say(seen.line_of(line),
                 {"colour ", number, " is not in the colour table; the output does not compile"});
     });
@@ -114,7 +119,7 @@ void octal_colour_in_table(const ObjectSeen &seen, const Say &say)
         return;
     for_each_colour_number(seen, [&](std::string_view text, int replacement, LineNumber line) {
         const double number = colour_number(numeric_value(text), replacement);
-        if (const std::string fault = octal_fault((*seen.colours)(number).components); !fault.empty())
+        if (const std::string fault = octal_fault(components_of((*seen.colours)(number))); !fault.empty())
             say(seen.line_of(line), {"line ", number, " of the colour table: ", fault});
     });
 }

@@ -10,7 +10,7 @@ ColourTable white_table()
 {
     ColourTable table{"colour table entry"};
     for (int entry = 1; entry <= 60; ++entry)
-        table(entry).components = "255255255";
+        table(entry) = {"255", "255", "255"};
     return table;
 }
 

@@ -16,10 +16,7 @@ ColourTable read_colour_table(FileSystem &files, const std::string &path)
     LineReader file(files, path);
     for (int entry = 1; entry <= 60 && (entry == 1 || !file.at_end()); ++entry) {
         const std::string_view line = file.read_line(last_position);
-        std::string components;
-        for (const std::size_t first : {19u, 23u, 27u})
-            components += columns(line, first, first + 2);
-        table(entry).components = components;
+        table(entry) = {columns(line, 19, 21), columns(line, 23, 25), columns(line, 27, 29)};
     }
     return table;
 }

@@ -7,13 +7,9 @@
 
 namespace marlogl {
 
-/// One colour: red, green and blue as texts of three characters each, as the file has them.
+/// One colour, as the file has it.
 struct TableColour {
-    Text<9> components;
-
-    std::string_view red() const { return columns(components, 1, 3); }
-    std::string_view green() const { return columns(components, 4, 6); }
-    std::string_view blue() const { return columns(components, 7, 9); }
+    Text<3> red, green, blue;
 };
 
 /// Entries that no line of the file filled are blank.

@@ -64,6 +64,9 @@ template <std::string_view Object::*text> void store_object_text(Reading &readin
 
 double slot_of(Line line)
 {
+    const auto digit = [line](std::size_t at) { return static_cast<unsigned>(line[at] - '0'); };
+    if (line.size() > 2 && digit(1) < 10 && digit(2) < 10)
+        return 10 * digit(1) + digit(2);
     return round_half_even(numeric_value(columns(line, 2, 3)));
 }
 

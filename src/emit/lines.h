@@ -48,7 +48,7 @@ inline void colour_line(Output &out, const Text<11> &colour, std::string_view be
 /// The colour of an entry of the colour table.
 inline void colour_line(Output &out, const TableColour &colour)
 {
-    out.line("glColor3ub( ", colour.red(), ", ", colour.green(), ", ", colour.blue(), " ); ");
+    out.line("glColor3ub( ", colour.red.view(), ", ", colour.green.view(), ", ", colour.blue.view(), " ); ");
 }
 
 // Scenery commands: move or draw to a point, whose number stands behind a blank.

@@ -67,8 +67,8 @@ class SectionColour {
 
 void command_colour_line(Output &out, const TableColour &colour)
 {
-    out.line("Dbx( 2E 00 ", hex(numeric_value(colour.red())), " EF ", hex(numeric_value(colour.green())), " ",
-             hex(numeric_value(colour.blue())), " )  ");
+    out.line("Dbx( 2E 00 ", hex(numeric_value(colour.red)), " EF ", hex(numeric_value(colour.green)), " ",
+             hex(numeric_value(colour.blue)), " )  ");
 }
 
 void draw_line_block(const Tower &tower, const Members &members)
