@@ -11,8 +11,11 @@ const ColourTable &Drawing::colours()
 
 void Pen::record(double x, double y, double z)
 {
-    const Vertex point{std::trunc(require_finite(x)), std::trunc(require_finite(y)),
-                       std::trunc(require_finite(z))};
+    const auto whole_part = [](double coordinate) {
+        return std::abs(coordinate) < 1e9 ? static_cast<int>(coordinate)
+                                          : std::trunc(require_finite(coordinate));
+    };
+    const Vertex point{whole_part(x), whole_part(y), whole_part(z)};
     to.vertices.append(point);
     if (short_coordinates)
         for (const double coordinate : {point.x, point.y, point.z})
