@@ -10,7 +10,34 @@
 #include <stdexcept>
 #include <string>
 
+#ifdef __GLIBC__
+#include <cstdlib>
+#include <malloc.h>
+#include <sys/mman.h>
+#include <unistd.h>
+#endif
+
 namespace {
+
+// The driver's framebuffers are some 20 MB that are hardly used more than once: in small pages the system
+// would take longer to hand them out than the driver to draw.
+void prefer_large_pages()
+{
+#ifdef __GLIBC__
+    constexpr int most_at_once = 32 << 20, spare = 64 << 20;
+    // What is smaller then comes from one region, which grows by the spare room.
+    mallopt(M_MMAP_THRESHOLD, most_at_once);
+    mallopt(M_TOP_PAD, spare);
+    char *const begin = static_cast<char *>(sbrk(0));
+    void *volatile const grown_for = std::malloc(1 << 20);
+    std::free(grown_for);
+    const auto grown = static_cast<char *>(sbrk(0)) - begin;
+    const auto beyond_page =
+        reinterpret_cast<std::uintptr_t>(begin) % static_cast<std::size_t>(getpagesize());
+    if (grown > 0)
+        madvise(begin - beyond_page, static_cast<std::size_t>(grown) + beyond_page, MADV_HUGEPAGE);
+#endif
+}
 
 template <class Function> Function extension(const char *name)
 {
@@ -92,6 +119,7 @@ void refuse_errors()
 
 Offscreen::Offscreen(int picture_width, int picture_height) : width(picture_width), height(picture_height)
 {
+    prefer_large_pages();
     bool any_driver = false;
     for (EGLDisplay candidate : candidate_displays()) {
         if (candidate == EGL_NO_DISPLAY || eglInitialize(candidate, nullptr, nullptr) == EGL_FALSE)
