@@ -37,7 +37,11 @@ void write_picture(const Options &options, const Loaded &loaded, OutputFile file
 {
     const auto [width, height] = options.resolution;
     const Camera camera = first_camera(loaded, options.look, static_cast<double>(width) / height);
-    const Offscreen tile(std::min(width, largest_tile), std::min(height, largest_tile));
+    if (width <= largest_tile && height <= largest_tile)
+        draw_in_one_thread();
+    // For all pictures of a run; the system takes its memory back sooner than it could be given back.
+    static const Offscreen &tile =
+        *new Offscreen(std::min(width, largest_tile), std::min(height, largest_tile));
     const Drawing drawing(loaded.scene, loaded.textures);
     PngEncoder png(width, height);
     draw_picture(tile, drawing, camera, options.appearance, width, height,

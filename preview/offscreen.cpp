@@ -20,10 +20,12 @@
 namespace {
 
 // The driver's framebuffers are some 20 MB that are hardly used more than once: in small pages the system
-// would take longer to hand them out than the driver to draw.
-void prefer_large_pages()
+// would take longer to hand them out than the driver to draw. And a driver without a graphics card takes
+// longer to find its best code than to draw with its first.
+void prepare_for_few_pictures()
 {
 #ifdef __GLIBC__
+    setenv("GALLIVM_PERF", "nopt", 0);
     constexpr int most_at_once = 32 << 20, spare = 64 << 20;
     // What is smaller then comes from one region, which grows by the spare room.
     mallopt(M_MMAP_THRESHOLD, most_at_once);
@@ -93,15 +95,20 @@ void mix_samples(const std::uint8_t *from, std::size_t columns, std::uint8_t *to
     static_assert(oversampling == 2);
     const std::size_t stride = columns * 8;
     const auto mix_pixel = [=](const std::uint8_t *corner) {
-        // Every other byte, with room for the sum of four; it begins with a half of 4, which rounds.
-        std::uint32_t even = 0x20002, odd = even;
-        for (const std::size_t sample : {std::size_t{0}, std::size_t{4}, stride, stride + 4}) {
-            std::uint32_t pixel = 0;
-            std::memcpy(&pixel, corner + sample, 4);
-            even += pixel & 0xff00ff;
-            odd += pixel >> 8 & 0xff00ff;
+        // Every other byte of the two samples in a row, with room for the sum of four.
+        constexpr std::uint64_t every_other = 0x00ff00ff00ff00ff;
+        std::uint64_t even = 0, odd = 0;
+        for (const std::size_t row : {std::size_t{0}, stride}) {
+            std::uint64_t pair = 0;
+            std::memcpy(&pair, corner + row, 8);
+            even += pair & every_other;
+            odd += pair >> 8 & every_other;
         }
-        return (even >> 2 & 0xff00ff) | (odd >> 2 & 0xff00ff) << 8;
+        constexpr std::uint64_t half_of_four = 0x20002; // which rounds
+        const auto mixed = [](std::uint64_t sums) {
+            return static_cast<std::uint32_t>((sums + (sums >> 32) + half_of_four) >> 2 & 0xff00ff);
+        };
+        return mixed(even) | mixed(odd) << 8;
     };
     for (std::size_t x = 0; x < columns; ++x, to += 3) {
         const std::uint32_t pixel = mix_pixel(from + 8 * x);
@@ -117,9 +124,16 @@ void refuse_errors()
 
 } // namespace
 
+void draw_in_one_thread()
+{
+#ifdef __GLIBC__
+    setenv("LP_NUM_THREADS", "0", 0);
+#endif
+}
+
 Offscreen::Offscreen(int picture_width, int picture_height) : width(picture_width), height(picture_height)
 {
-    prefer_large_pages();
+    prepare_for_few_pictures();
     bool any_driver = false;
     for (EGLDisplay candidate : candidate_displays()) {
         if (candidate == EGL_NO_DISPLAY || eglInitialize(candidate, nullptr, nullptr) == EGL_FALSE)

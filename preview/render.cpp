@@ -9,22 +9,22 @@
 
 namespace {
 
-// From the horizon below to the zenith above.
+// From the horizon below to the zenith above, where nothing is drawn yet. It is tested against the depths as
+// lines are, for which drivers without a graphics card then need nothing of their own.
 void draw_sky()
 {
     for (const GLenum matrix : {GLenum{GL_PROJECTION}, GLenum{GL_MODELVIEW}}) {
         glMatrixMode(matrix);
         glLoadIdentity();
     }
-    glDisable(GL_TEXTURE_2D);
-    glDisable(GL_DEPTH_TEST);
+    constexpr double farthest = 1;
     glBegin(GL_QUADS);
     glColor3ub(214, 219, 216);
-    glVertex2d(-1, -1);
-    glVertex2d(1, -1);
+    glVertex3d(-1, -1, farthest);
+    glVertex3d(1, -1, farthest);
     glColor3ub(110, 150, 196);
-    glVertex2d(1, 1);
-    glVertex2d(-1, 1);
+    glVertex3d(1, 1, farthest);
+    glVertex3d(-1, 1, farthest);
     glEnd();
 }
 
@@ -109,8 +109,6 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
     const auto [red, green, blue] = appearance.background.value_or(Colour{});
     glClearColor(red, green, blue, 1);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-    if (!appearance.background)
-        draw_sky();
     const bool with_shadows = appearance.lit && appearance.shadows && camera.position().z > 0;
     Bounds seen{scene.lowest, scene.highest}; // and shadows and grid on the ground
     for (const Vec3 corner : {shadow_of(scene.lowest), shadow_of(scene.highest)})
@@ -143,6 +141,10 @@ void Drawing::draw(const Camera &camera, const Appearance &appearance, int width
     glDisable(GL_POLYGON_OFFSET_FILL);
     glDisable(GL_TEXTURE_2D);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    if (!appearance.background) {
+        draw_sky();
+        load(matrices);
+    }
     arrays->use_colours(Light::none);
     if (appearance.edges) {
         glLineWidth(std::max(0.75f, scale) * thickness);
