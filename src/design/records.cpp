@@ -41,6 +41,7 @@ void open_next_object(Reading &reading, Line line)
     if (reading.ended)
         return;
     reading.object = &objects.emplace_back(reading.scene.memory.get());
+    reading.shift = 0; // if the type is none
     reading.object->type = whole_16(numeric_value(columns(line, 2)), "type");
     reading.shift = std::ranges::count(reading.rules.shifted_types, reading.object->type) > 0 ? 5000 : 0;
 }
