@@ -17,26 +17,26 @@ Output::~Output()
 // that is built in the buffer.
 void Output::flush()
 {
-    std::unique_ptr<char[]> larger;
-    if (flushes_ % 16 == 15 && block_ < most_block)
-        larger = std::make_unique_for_overwrite<char[]>(2 * block_ + usual_need);
+    TextMemory larger;
+    if (!memory_ || (flushes_ % 16 == 0 && block_ < most_block))
+        larger = std::make_unique_for_overwrite<CacheLine[]>((2 * block_ + usual_need) / sizeof(CacheLine));
     const std::string_view rest = pending().substr(std::min(block_, pending().size()));
     next_ -= rest.size();
     write_all();
     if (larger) {
-        larger.swap(buffer_);
+        larger.swap(memory_); // The rest is in the old one.
         block_ *= 2;
-        next_ = buffer_.get();
+        next_ = buffer_ = memory_[0].text;
     }
     next_ = std::copy(rest.begin(), rest.end(), next_);
-    end_ = buffer_.get() + block_ + usual_need;
+    end_ = buffer_ + block_ + usual_need;
 }
 
 void Output::write_all()
 {
     const std::string_view lines = pending();
     ++flushes_;
-    next_ = buffer_.get(); // lines that are not taken now will never be
+    next_ = buffer_; // lines that are not taken now will never be
     if (!lines.empty())
         file_->write(lines);
 }

@@ -101,10 +101,7 @@ class Output {
     void close();
 
   private:
-    std::string_view pending() const
-    {
-        return {buffer_.get(), static_cast<std::size_t>(next_ - buffer_.get())};
-    }
+    std::string_view pending() const { return {buffer_, static_cast<std::size_t>(next_ - buffer_)}; }
     std::size_t room() const { return static_cast<std::size_t>(end_ - next_); }
     void flush();
     void write_all();
@@ -129,10 +126,10 @@ class Output {
     static constexpr std::size_t most_block = 128 * 1024, usual_need = 4096;
 
     std::unique_ptr<OutputFile> file_;
-    std::size_t block_ = most_in_buffer;
-    // Lines are built in place, some beyond a block.
-    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(block_ + usual_need);
-    char *next_ = buffer_.get(), *end_ = next_ + block_ + usual_need;
+    std::size_t block_ = most_in_buffer / 2; // doubled before there is one
+    // Lines are built in place, some beyond a block. There is room from the first line on.
+    TextMemory memory_;
+    char *buffer_ = nullptr, *next_ = nullptr, *end_ = nullptr;
     int flushes_ = 0;
 };
 

@@ -10,6 +10,13 @@
 
 namespace marlogl {
 
+/// Memory for the text of a file starts with a line of the processor's cache: between a page of the system
+/// and a place a few bytes off the beginning of another, a processor may copy at half the speed.
+struct alignas(64) CacheLine {
+    char text[64];
+};
+using TextMemory = std::unique_ptr<CacheLine[]>;
+
 class InputFile {
   public:
     virtual ~InputFile() = default;

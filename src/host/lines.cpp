@@ -4,26 +4,28 @@
 
 namespace marlogl {
 
-LineReader::LineReader(FileSystem &files, const std::string &path) : path_(path), file_(files.open(path))
+LineReader::LineReader(FileSystem &files, const std::string &path, std::size_t capacity)
+    : path_(path), file_(files.open(path)), capacity_(capacity),
+      memory_(new CacheLine[capacity / sizeof(CacheLine)])
 {
     if (!file_)
         throw RunError(Fault::missing_file, "cannot open " + quoted_path(path) + ": there is no such file");
     // A read may return less than there is: the mark is known only when all of it could be there.
     constexpr std::string_view mark = "\xEF\xBB\xBF";
     while (end_ < mark.size()) {
-        const std::size_t got = file_->read(buffer_.get() + end_, capacity - end_);
+        const std::size_t got = file_->read(buffer_ + end_, capacity - end_);
         if (got == 0)
             break;
         end_ += got;
     }
-    if (std::string_view(buffer_.get(), end_).starts_with(mark))
+    if (std::string_view(buffer_, end_).starts_with(mark))
         next_ = mark.size();
 }
 
 bool LineReader::fill()
 {
     next_ = 0;
-    end_ = file_->read(buffer_.get(), capacity);
+    end_ = file_->read(buffer_, capacity_);
     return end_ > 0;
 }
 
@@ -35,7 +37,7 @@ std::string_view LineReader::read_long_line(std::size_t most)
     bool ended = false, last_is_cr = false; // a CR belongs to the line end only before an LF
     std::size_t length = 0;
     do {
-        const std::string_view rest(buffer_.get() + next_, end_ - next_);
+        const std::string_view rest(buffer_ + next_, end_ - next_);
         const std::size_t stop = rest.find('\n');
         ended = stop != rest.npos;
         const std::string_view piece = rest.substr(0, stop);

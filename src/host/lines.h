@@ -15,15 +15,16 @@ class LineReader {
   public:
     static constexpr std::size_t whole_line = std::numeric_limits<std::size_t>::max();
 
-    /// Opens a file by its exact name.
-    /// Errors: missing_file, input_output.
-    LineReader(FileSystem &files, const std::string &path);
+    /// Opens a file by its exact name, to read `capacity` bytes at a time. An output that comes after a
+    /// reader with the usual capacity takes its memory, which then was used before. Errors: missing_file,
+    /// input_output.
+    LineReader(FileSystem &files, const std::string &path, std::size_t capacity = 40 * 1024);
 
     /// The next line without its end, at most its first `most` bytes; valid until the next call.
     /// Errors: past_end when the file has no further line, input_output.
     std::string_view read_line(std::size_t most = whole_line)
     {
-        const char *line = buffer_.get() + next_;
+        const char *line = buffer_ + next_;
         const void *line_end = std::memchr(line, '\n', end_ - next_);
         if (line_end == nullptr) [[unlikely]]
             return read_long_line(most);
@@ -40,14 +41,14 @@ class LineReader {
     const std::string &path() const { return path_; }
 
   private:
-    static constexpr std::size_t capacity = 8192;
-
     bool fill();
     std::string_view read_long_line(std::size_t most);
 
     std::string path_;
     std::unique_ptr<InputFile> file_;
-    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(capacity);
+    const std::size_t capacity_;
+    const TextMemory memory_;
+    char *const buffer_ = memory_[0].text;
     std::size_t next_ = 0, end_ = 0; // what is read and not yet handed out: buffer_[next_, end_)
     std::string long_line_;          // a line that crosses the end of the buffer
 };

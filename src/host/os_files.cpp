@@ -59,11 +59,11 @@ std::string spelled(const fs::path &path)
     return utf8(path.native());
 }
 
-fs::path executable_path()
+std::string program_folder()
 {
     std::wstring path(32768, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    return path;
+    return spelled(fs::path(path).parent_path());
 }
 
 int open_descriptor(const std::string &path, int flags)
@@ -125,13 +125,14 @@ std::string spelled(const fs::path &path)
     return path.native();
 }
 
-fs::path executable_path()
+std::string program_folder()
 {
     const char *link = "/proc/self/exe";
     char path[4096]; // no path of the system is longer
     const auto size = ::readlink(link, path, sizeof path);
     check_look(size < 0 ? std::error_code(errno, std::generic_category()) : std::error_code(), link);
-    return std::string(path, static_cast<std::size_t>(std::max(size, decltype(size){0})));
+    const std::string_view program(path, static_cast<std::size_t>(std::max(size, decltype(size){0})));
+    return std::string(program.substr(0, std::max<std::size_t>(program.rfind('/'), 1)));
 }
 
 int open_descriptor(const std::string &path, int flags)
@@ -342,8 +343,8 @@ class SystemFiles : public FileSystem {
 
     std::string executable_folder() override
     {
-        const fs::path path = executable_path();
-        return path.empty() ? "." : spelled(path.parent_path());
+        const std::string folder = program_folder();
+        return folder.empty() ? "." : folder;
     }
 
     std::string current_folder() override

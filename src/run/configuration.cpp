@@ -47,7 +47,7 @@ Configuration read_configuration(FileSystem &files)
 {
     Configuration configuration;
     locate(files, configuration);
-    LineReader file(files, configuration.file);
+    LineReader file(files, configuration.file, 1024); // hardly ever more
     int number = 0;
     const auto next_line = [&] {
         ++number;
