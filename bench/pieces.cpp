@@ -66,7 +66,7 @@ void add_number_text(const char *name, NumberText (*text)(double), double number
 
 void add_number_texts()
 {
-    constexpr auto two_decimals = +[](double x) { return p2(p6(x)); };
+    constexpr auto two_decimals = +[](double x) { return p2(x); };
     add_number_text("number/0/three digits", p0, -123);
     add_number_text("number/0/six digits", p0, 123456);
     add_number_text("number/0/with a fraction", p0, 123.4);
@@ -90,7 +90,7 @@ void draw(benchmark::State &state, const ExampleFiles &example, int version, int
     ExampleFiles files = example;
     const Configuration configuration{"", "", "255, 255, 255", "255, 255, 255"};
     const Scene scene = read_design(files, "scene", version);
-    Drawing drawing(files, configuration, "colors.tab", "out", "points");
+    Drawing drawing{files, configuration, "colors.tab", Output(files, "out"), NgonFile(files, "points")};
     for ([[maybe_unused]] auto _ : state)
         draw_object(drawing, scene, number, version);
     drawing.out.close();

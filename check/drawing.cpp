@@ -8,9 +8,8 @@ namespace {
 
 ColourTable white_table()
 {
-    ColourTable table{"colour table entry"};
-    for (int entry = 1; entry <= 60; ++entry)
-        table(entry) = {"255", "255", "255"};
+    ColourTable table;
+    table.fill({"255", "255", "255"});
     return table;
 }
 
@@ -38,8 +37,9 @@ std::string Drawings::draw_once(int number, std::string &text)
     std::string fault;
     files_.written = &text;
     {
-        Drawing drawing(files_, configuration_, table_path_, std::string(CheckedFiles::drawn), "points");
-        drawing.vertices = vertices_;
+        Drawing drawing{files_, configuration_, table_path_, Output(files_, std::string(CheckedFiles::drawn)),
+                        NgonFile(files_, "points")};
+        drawing.vertices = std::move(vertices_);
         drawing.colour_table = table_;
         try {
             draw_object(drawing, scene_, number, version_);
@@ -51,7 +51,7 @@ std::string Drawings::draw_once(int number, std::string &text)
                 table_fault_ = without_place(
                     fault, marlogl::quoted(scene_.objects[static_cast<std::size_t>(number - 1)].name));
         }
-        vertices_ = drawing.vertices;
+        vertices_ = std::move(drawing.vertices);
         table_ = drawing.colour_table;
     }
     files_.written = nullptr;

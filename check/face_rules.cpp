@@ -45,7 +45,7 @@ void face_slot_unused(const ObjectSeen &seen, const Say &say)
     for (int slot = 0; slot <= code_slots.last; ++slot) {
         if (seen.face(slot) != nullptr || uses_code(*seen.kind, slot))
             continue;
-        const bool is_text = slot <= face_slots.last;
+        const bool is_text = slot <= last_face_slot;
         const bool named = is_text && seen.is_named(slot) && !uses_text(*seen.kind, slot);
         if (seen.is_on(slot) || named)
             say(std::max(seen.code_line(slot), named ? seen.text_line(slot) : 0),

@@ -48,7 +48,7 @@ void before_first_object(const LineSeen &seen, const Say &say)
 void too_many_objects(const LineSeen &seen, const Say &say)
 {
     if (seen.reading.ended)
-        say(seen, {"object ", object_numbers.last + 1, ": only ", object_numbers.last,
+        say(seen, {"object ", most_objects + 1, ": only ", most_objects,
                    " are read; this line and all after it are ignored"});
 }
 

@@ -192,7 +192,7 @@ void SayTo::operator()(LineNumber line, Columns columns, const Message &message)
 
 void read_design(LineReader &file, int version, DesignSeen &seen, FileReport &report)
 {
-    seen.scene.objects.reserve(object_numbers.last); // objects stay where they are
+    seen.scene.objects.reserve(most_objects); // objects stay where they are
     LineChecks checks(seen, report, version);
     LineNumber number = 0;
     do {

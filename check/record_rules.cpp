@@ -24,7 +24,7 @@ void slot_not_two_digits(const LineSeen &seen, const Say &say)
 void slot_too_large(const LineSeen &seen, const Say &say)
 {
     const bool code = seen.key() == 'K';
-    const int last = code ? 31 : face_slots.last;
+    const int last = code ? 31 : last_face_slot;
     if (seen.slot > last)
         say(seen, seen.slot_field(),
             {code ? "code slot " : "text slot ", seen.slot, " is outside 0 to ", last,

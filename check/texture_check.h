@@ -21,7 +21,7 @@ class TextureCheck {
     /// Looks for the bitmaps of an object. Each is told once. `say` gives what tells of a rule.
     template <typename SayOf> void check(const ObjectSeen &seen, SayOf say)
     {
-        for (int slot = 1; slot <= face_slots.last; ++slot) {
+        for (int slot = 1; slot <= last_face_slot; ++slot) {
             const bool used = uses_text(*seen.kind, slot) || (seen.face(slot) != nullptr && seen.is_on(slot));
             if (!used || !seen.is_named(slot))
                 continue;

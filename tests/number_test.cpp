@@ -122,13 +122,15 @@ TEST(Number, OfPlainFieldsAreThoseOfTheirTexts)
 
 TEST(Table, TakesTheIndexesOfItsRangesOnly)
 {
-    Table<int, Range{1, 20}> table("row");
+    static constexpr Range rows{1, 20, "row"};
+    std::pmr::monotonic_buffer_resource memory;
+    Table<int, rows> table(&memory);
     for (int row = 1; row <= 20; ++row)
         table(row) += 7 + row;
     for_each_case("0.51=1|1.5=2|2.5=2|20.5=20|0.5=0|20.51=0|-1=0|1e300=0|-inf=0|nan=0",
                   [&](const std::string &text, const std::string &row) {
                       const double index = std::stod(text);
-                      EXPECT_EQ(any_place(Range{1, 20}, index) < 20, row != "0") << text;
+                      EXPECT_EQ(any_place(rows, index) < 20, row != "0") << text;
                       if (row != "0")
                           EXPECT_EQ(std::as_const(table)(index), 7 + std::stoi(row)) << text;
                       else

@@ -11,8 +11,9 @@ namespace {
 struct Sheet {
     MemoryFiles files;
     Configuration configuration{"", "", "1, 2, 3", "4, 5, 6"};
-    Object object;
-    Drawing drawing{files, configuration, "", "out", "points"};
+    std::pmr::monotonic_buffer_resource memory;
+    Object object{&memory};
+    Drawing drawing{files, configuration, "", Output(files, "out"), NgonFile(files, "points")};
     Pen pen{drawing, object, 1};
 
     explicit Sheet(std::initializer_list<Vertex> points)
@@ -26,7 +27,7 @@ struct Sheet {
 
 TEST(Points, TurnClockwiseOrStraight)
 {
-    const Sheet sheet{{0, 0, 5}, {10, 0, 10}, {10, 10, 0}, {20, 0, 15}};
+    Sheet sheet{{0, 0, 5}, {10, 0, 10}, {10, 10, 0}, {20, 0, 15}};
     const struct {
         int i, j, k;
         bool xy, xz;

@@ -11,7 +11,7 @@ namespace {
 // All that differs from an empty object, such as "1:type=20 1:P50=1 1:F3=[brick] 1:Q1=(100,-100)[  ][    ]".
 std::string stored(const Scene &scene)
 {
-    const Object empty;
+    const Object empty(scene.memory.get());
     std::string found;
     int k = 0;
     const auto add = [&](const std::string &what, const std::string &value) {
@@ -35,9 +35,9 @@ std::string stored(const Scene &scene)
                 add('P' + std::to_string(i), message_number(object.parameters(i)));
         for (int i = 0; i <= code_slots.last; ++i)
             add_text('K' + std::to_string(i), object.codes(i), empty.codes(i));
-        for (int i = 0; i <= face_slots.last; ++i)
+        for (int i = 0; i <= last_face_slot; ++i)
             add_text('F' + std::to_string(i), object.texts(i), "");
-        for (int i = 0; i <= face_slots.last; ++i)
+        for (int i = 0; i <= last_face_slot; ++i)
             add_text('\\' + std::to_string(i), object.colours(i), empty.colours(i));
         for (int i = 0; i <= point_numbers.last; ++i) {
             const auto [x, y] = object.points(i);

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <set>
 #include <span>
+#include <utility>
 
 namespace marlogl::check {
 
@@ -20,7 +21,7 @@ class Trial {
   public:
     Trial(int version, const Kind &kind) : version_(version)
     {
-        Object &object = scene_.objects.emplace_back();
+        Object &object = scene_.objects.emplace_back(scene_.memory.get());
         object.type = static_cast<std::int16_t>(kind.types[version - 1]);
         for (int cell = 1; cell <= 20; ++cell)
             object.parameters(cell) = cell;
@@ -43,8 +44,8 @@ class Trial {
         files.written = &text;
         Configuration configuration;
         {
-            Drawing drawing(files, configuration, "", "drawn", "points");
-            drawing.colour_table.emplace("colour table entry");
+            Drawing drawing{files, configuration, "", Output(files, "drawn"), NgonFile(files, "points")};
+            drawing.colour_table.emplace();
             draw_object(drawing, scene_, 1, version_);
         }
         return text;
@@ -82,13 +83,12 @@ using Points = std::span<const int>;
 // Whether an object draws something else where some of its points lie elsewhere.
 bool draws(Trial &trial, Points points, const std::string &output)
 {
-    const auto kept = trial.object().points;
-    for (const int number : points) {
-        trial.object().points(number).x = 9999;
-        trial.object().points(number).y = 8888;
-    }
+    std::vector<Point> kept;
+    for (const int number : points)
+        kept.push_back(std::exchange(trial.object().points(number), {9999, 8888}));
     const bool differs = trial.output() != output;
-    trial.object().points = kept;
+    for (std::size_t i = 0; i < kept.size(); ++i)
+        trial.object().points(points[i]) = kept[i];
     return differs;
 }
 
@@ -119,17 +119,16 @@ void compare_faces(Trial &trial, const Kind &kind, bool with_positions)
     std::set<int> slots;
     for (const Face &face : seen.faces)
         EXPECT_TRUE(slots.insert(face.slot).second) << face.name << " has the slot of another face";
-    const Object plain = object;
     const auto is_switch = [&kind](int slot) { return uses_code(kind, slot) || uses_text(kind, slot); };
-    const auto switch_on = [&object](int slot) {
-        object.codes(slot) = "Y ";
-        object.texts(slot) = "wood";
+    const auto set = [&object](int slot, const char *code, const char *text) {
+        object.codes(slot) = code;
+        object.texts(slot) = text;
     };
-    for (int slot = 0; slot <= face_slots.last; ++slot) {
+    for (int slot = 0; slot <= last_face_slot; ++slot) {
         const Face *face = seen.face(slot);
         if (face == nullptr)
             continue;
-        switch_on(slot);
+        set(slot, "Y ", "wood");
         const std::string with = trial.output();
         EXPECT_TRUE(is_switch(slot) || with != without) << "face " << slot;
         std::vector<int> others;
@@ -139,13 +138,12 @@ void compare_faces(Trial &trial, const Kind &kind, bool with_positions)
             else if (std::count(always.begin(), always.end(), point) == 0)
                 others.push_back(point);
         EXPECT_FALSE(draws(trial, others, with)) << face->name;
-        object = plain;
+        set(slot, "", "");
     }
-    for (int slot = 0; slot <= face_slots.last; ++slot)
+    for (int slot = 0; slot <= last_face_slot; ++slot)
         if (seen.face(slot) == nullptr && !is_switch(slot))
-            switch_on(slot);
+            set(slot, "Y ", "wood");
     EXPECT_EQ(trial.output(), without) << "a slot without a face draws";
-    object = plain;
 }
 
 // Each kind with a version that has it.
@@ -184,7 +182,7 @@ TEST(Facts, SwitchesAreCellsWhereOneValueDrawsMore)
             continue; // without a width or segments the drawing ends
         Trial trial(version, *kind);
         Object &object = trial.object();
-        for (int slot = 0; slot <= face_slots.last; ++slot) {
+        for (int slot = 0; slot <= last_face_slot; ++slot) {
             object.codes(slot) = uses_code(*kind, slot) ? "01" : "Y ";
             object.texts(slot) = "wood";
             object.point_texts(slot).attribute = "Y P ";
@@ -197,8 +195,8 @@ TEST(Facts, SwitchesAreCellsWhereOneValueDrawsMore)
         object.parameters(13) = object.parameters(31) = 1;
         object.parameters(11) = kind->name == "beam" ? 1 : corners;
         object.parameters(point_count_cell) = counts_points(*kind) ? 3 : 0;
-        const Object plain = object;
-        for (int cell = 1; cell <= 61; ++cell, object = plain) {
+        for (int cell = 1; cell <= 61; ++cell) {
+            const double kept = object.parameters(cell);
             const auto output_of = [&](double value) {
                 object.parameters(cell) = value;
                 return trial.output();
@@ -214,6 +212,7 @@ TEST(Facts, SwitchesAreCellsWhereOneValueDrawsMore)
                     << kind->name << " cell " << cell;
                 switches += is_switch;
             }
+            object.parameters(cell) = kept;
         }
     }
     EXPECT_EQ(switches, 20);

@@ -11,12 +11,12 @@ Found find_colour_table(FileSystem &files, const std::string &folder)
 
 ColourTable read_colour_table(FileSystem &files, const std::string &path)
 {
-    constexpr std::size_t last_position = 29;
-    ColourTable table{"colour table entry"};
-    LineReader file(files, path);
-    for (int entry = 1; entry <= 60 && (entry == 1 || !file.at_end()); ++entry) {
+    constexpr std::size_t last_position = 29, usual_size = 60 * 32;
+    ColourTable table;
+    LineReader file(files, path, usual_size);
+    for (std::size_t i = 0; i < table.size() && (i == 0 || !file.at_end()); ++i) {
         const std::string_view line = file.read_line(last_position);
-        table(entry) = {columns(line, 19, 21), columns(line, 23, 25), columns(line, 27, 29)};
+        table[i] = {columns(line, 19, 21), columns(line, 23, 25), columns(line, 27, 29)};
     }
     return table;
 }

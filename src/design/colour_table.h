@@ -13,7 +13,13 @@ struct TableColour {
 };
 
 /// Entries that no line of the file filled are blank.
-using ColourTable = Table<TableColour, Range{1, 60}>;
+struct ColourTable : std::array<TableColour, 60> {
+    /// Errors: index for a number outside 1 to 60.
+    const TableColour &operator()(double number) const
+    {
+        return (*this)[place_in({1, 60, "colour table entry"}, number)];
+    }
+};
 
 /// The colour table of the program's folder, which need not exist. Errors: input_output.
 Found find_colour_table(FileSystem &files, const std::string &folder);

@@ -31,7 +31,7 @@ void read_records(Reading &reading, LineReader &file, int version)
 Scene read_design(FileSystem &files, const std::string &path, int version)
 {
     Scene scene;
-    scene.objects.reserve(object_numbers.last); // objects stay where they are
+    scene.objects.reserve(most_objects); // objects stay where they are
     Reading reading{scene, point_rules[version - 1]};
     LineReader file(files, find_file(files, native_path(path)).path);
     read_records(reading, file, version);

@@ -9,17 +9,15 @@ constexpr int shifted_types_2[] = {1, 5, 18, 20, 21, 22};
 
 // The records of the scene, and some others, have no effect; but their numbers must be numbers. A field of
 // less than five characters can't hold one that is too large.
-template <std::size_t first, std::size_t last = std::string_view::npos> void read_number(Reading &, Line line)
+template <std::size_t first> void read_number(Reading &, Line line)
 {
-    numeric_value(columns(line, first, last));
+    numeric_value(columns(line, first));
 }
 
-void read_scene(Reading &reading, Line line)
+void read_scene(Reading &, Line line)
 {
-    read_number<41, 45>(reading, line);
-    for (std::size_t first = 46; first <= 71; first += 5)
+    for (const std::size_t first : {41u, 46u, 51u, 56u, 61u, 66u, 71u, 77u})
         numeric_value(columns(line, first, first + 4));
-    read_number<77, 81>(reading, line);
 }
 
 void ignore(Reading &, Line) {}
@@ -37,7 +35,7 @@ void store_version(Reading &reading, Line line)
 void open_next_object(Reading &reading, Line line)
 {
     std::vector<Object> &objects = reading.scene.objects;
-    reading.ended = objects.size() == object_numbers.last;
+    reading.ended = objects.size() == most_objects;
     if (reading.ended)
         return;
     reading.object = &objects.emplace_back(reading.scene.memory.get());
@@ -83,7 +81,7 @@ void store_parameter(Reading &reading, Line line)
 
 void store_text(Reading &reading, Line line)
 {
-    if (const double slot = slot_of(line); slot <= face_slots.last)
+    if (const double slot = slot_of(line); slot <= last_face_slot)
         keep(reading, reading.object->texts(slot), columns(line, 4));
 }
 
@@ -102,7 +100,7 @@ void store_colour(Reading &reading, Line line)
 // The flag of a colour has no effect.
 void read_colour_flag(Reading &, Line line)
 {
-    place_in(face_slots, slot_of(line), "colour flag slot");
+    place_in(Range{0, last_face_slot, "colour flag slot"}, slot_of(line));
 }
 
 std::int16_t coordinate(Line line, std::size_t first, int shift)
@@ -139,7 +137,7 @@ void store_point_text(Object &object, auto number, Line line)
     store_point_text(*reading.object, number, line);
 }
 
-// Most points: one that the table has, whose numbers are plain.
+// Most points: their numbers are plain.
 void store_point(Reading &reading, Line line)
 {
     if (line.size() < point_numbers_end)
@@ -147,12 +145,12 @@ void store_point(Reading &reading, Line line)
     // With the key, which a blank replaces, the three characters of the number are a field of four.
     const PlainFields number(characters_at<std::uint32_t>(line.data()) - 'Q' + ' ');
     const PlainFields place(characters_at<std::uint64_t>(line.data() + 4));
-    Point *const point = reading.object->points.find(number.numbers);
-    if (!number.plain || !place.plain || point == nullptr)
+    if (!number.plain || !place.plain || number.numbers > point_numbers.last)
         return store_written_point(reading, line);
     count_point(reading);
-    point->x = static_cast<std::int16_t>(static_cast<int>(place.numbers & 0xFFFF) - reading.shift);
-    point->y = static_cast<std::int16_t>(static_cast<int>(place.numbers >> 32) - reading.shift);
+    Point &point = reading.object->points(number.numbers);
+    point.x = static_cast<std::int16_t>(static_cast<int>(place.numbers & 0xFFFF) - reading.shift);
+    point.y = static_cast<std::int16_t>(static_cast<int>(place.numbers >> 32) - reading.shift);
     store_point_text(*reading.object, number.numbers, line);
 }
 

@@ -24,7 +24,7 @@ struct Reading {
     Scene &scene;
     const PointRules &rules;
     /// Nothing of the scene record is ever drawn; it only has to take what stands before the first object.
-    Object scene_record{};
+    Object scene_record{scene.memory.get()};
     Object *object = &scene_record;  ///< the object that the records belong to
     int shift = 0;                   ///< what stands in the file above the coordinates of that object
     std::string_view last_text = ""; ///< the one that was kept last

@@ -4,13 +4,14 @@
 #include "design/table.h"
 #include "design/text.h"
 
-#include <memory>
+#include <vector>
 
 namespace marlogl {
 
-inline constexpr Range object_numbers{1, 70};
-inline constexpr int point_count_cell = 50;
-inline constexpr Range cells{0, 61}, code_slots{0, 32}, face_slots{0, 28}, point_numbers{0, 180};
+inline constexpr int most_objects = 70, last_face_slot = 28, point_count_cell = 50;
+inline constexpr Range cells{0, 61, "parameter cell"}, code_slots{0, 32, "code slot"},
+    colour_slots{0, last_face_slot, "colour slot"}, text_slots{0, last_face_slot, "text slot"},
+    point_numbers{0, 180, "point"};
 
 /// A point of an outline, a road or a tower, or a texture position in pixels: by the object's kind.
 struct Point {
@@ -30,9 +31,10 @@ struct ColourText : Text<11> {
 };
 
 struct Object {
-    explicit Object(std::pmr::memory_resource *memory = std::pmr::get_default_resource())
-        : parameters("parameter cell", memory), codes("code slot", memory), colours("colour slot", memory),
-          texts("text slot", memory), points("point", memory), point_texts("point", memory)
+    /// What the tables need comes from `memory`.
+    explicit Object(std::pmr::memory_resource *memory)
+        : parameters(memory), codes(memory), colours(memory), texts(memory), points(memory),
+          point_texts(memory)
     {
     }
 
@@ -45,9 +47,9 @@ struct Object {
     Table<double, cells> parameters;
     /// A face whose slot begins with "Y" is textured; slot 30 is the instance reference.
     Table<Text<2>, code_slots> codes;
-    Table<ColourText, face_slots> colours;
+    Table<ColourText, colour_slots> colours;
     /// Free texts, among them the texture names of the faces.
-    Table<std::string_view, face_slots> texts;
+    Table<std::string_view, text_slots> texts;
     Table<Point, point_numbers> points;
     Table<PointText, point_numbers> point_texts;
 };
@@ -55,7 +57,7 @@ struct Object {
 struct Scene {
     /// Keeps what the objects refer to, many things in one allocation.
     std::unique_ptr<std::pmr::monotonic_buffer_resource> memory =
-        std::make_unique<std::pmr::monotonic_buffer_resource>();
+        std::make_unique<std::pmr::monotonic_buffer_resource>(64 * 1024);
     /// Objects 1, 2, ... in the order of the design file.
     std::vector<Object> objects;
     /// Chooses the factor of the scale line.

@@ -4,20 +4,22 @@
 #include "base/run_error.h"
 #include "design/number.h"
 
+#include <memory>
 #include <memory_resource>
-#include <vector>
+#include <span>
 
 namespace marlogl {
 
-/// The numbers from `first` to `last`, both included.
+/// The numbers from `first` to `last`, both included; `counted` says in messages what they count.
 struct Range {
     int first, last;
+    const char *counted;
 
     constexpr int size() const { return last - first + 1; }
 };
 
 /// Raises the error of place_in. Errors: index.
-[[noreturn]] void raise_outside(double index, Range range, const char *name);
+[[noreturn]] void raise_outside(double index, Range range);
 
 /// The place of `index` in a range, counted from 0: less than the range's size, unless it lies outside. An
 /// index is a whole number or a double, which is rounded to a whole number first (halves to the even one).
@@ -34,12 +36,12 @@ template <typename Index> std::size_t any_place(Range range, Index index)
     }
 }
 
-/// The place of an index that must not lie outside; `name` says in messages what it counts. Errors: index.
-template <typename Index> std::size_t place_in(Range range, Index index, const char *name)
+/// The place of an index that must not lie outside. Errors: index.
+template <typename Index> std::size_t place_in(Range range, Index index)
 {
     const std::size_t place = any_place(range, index);
     if (place >= static_cast<std::size_t>(range.size())) [[unlikely]]
-        raise_outside(static_cast<double>(index), range, name);
+        raise_outside(static_cast<double>(index), range);
     return place;
 }
 
@@ -47,47 +49,48 @@ template <typename T> inline const T initial_value{};
 
 /// A table of T, addressed by whole numbers or doubles as place_in takes them. It has memory for what was
 /// changed so far and little more: many a table is hardly used. Errors of every access: index.
-template <typename T, Range Rows> class Table {
+template <typename T, const Range &rows> class Table {
+    static_assert(std::is_trivially_copyable_v<T>);
+
   public:
-    /// `name` says in messages what the index counts. Every entry is T() at first.
-    explicit Table(const char *name, std::pmr::memory_resource *memory = std::pmr::get_default_resource())
-        : name_(name), entries_(memory)
-    {
-    }
+    /// Every entry is T() at first. The memory is never given back to its resource.
+    explicit Table(std::pmr::memory_resource *memory) : memory_(memory) {}
+    Table(Table &&) noexcept = default;
 
     /// The entry, if there is memory for it already; else null, as for an index outside the table.
     template <typename Index> T *find(Index index)
     {
-        const std::size_t place = any_place(Rows, index);
-        return place < size_ ? &entries_[place] : nullptr;
+        const std::size_t place = any_place(rows, index);
+        return place < entries_.size() ? &entries_[place] : nullptr;
     }
 
     template <typename Index> T &operator()(Index index)
     {
-        const std::size_t place = any_place(Rows, index);
-        return place < size_ ? entries_[place] : grow(place_in(Rows, index, name_));
+        const std::size_t place = any_place(rows, index);
+        return place < entries_.size() ? entries_[place] : grow(place_in(rows, index));
     }
     template <typename Index> const T &operator()(Index index) const
     {
-        if (const std::size_t place = any_place(Rows, index); place < size_) [[likely]]
+        if (const std::size_t place = any_place(rows, index); place < entries_.size()) [[likely]]
             return entries_[place];
-        place_in(Rows, index, name_);
+        place_in(rows, index);
         return initial_value<T>;
     }
 
   private:
     [[gnu::noinline]] T &grow(std::size_t place)
     {
-        constexpr std::size_t all = Rows.size();
+        constexpr std::size_t all = rows.size();
         const std::size_t enough = std::bit_ceil(place | 63); // rarely much more than needed
-        size_ = 2 * enough > all ? all : enough;
-        entries_.resize(size_);
+        const std::size_t size = 2 * enough > all ? all : enough;
+        T *const larger = static_cast<T *>(memory_->allocate(size * sizeof(T), alignof(T)));
+        std::uninitialized_value_construct(std::ranges::copy(entries_, larger).out, larger + size);
+        entries_ = {larger, size};
         return entries_[place];
     }
 
-    const char *name_;
-    std::pmr::vector<T> entries_;
-    std::size_t size_ = 0; // that of the entries, which would have to divide for it
+    std::pmr::memory_resource *memory_;
+    std::span<T> entries_;
 };
 
 } // namespace marlogl

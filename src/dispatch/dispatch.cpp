@@ -38,17 +38,11 @@ void translation_line(Output &out, double x, double y, double z)
     out.line("glTranslated( ", p0(x), ", ", p0(y), ", ", p0(z), " );");
 }
 
-void rotation_line_1(Output &out, double angle)
+void rotation_line(Output &out, double angle, int version)
 {
-    out.line("glRotated( ", p0(angle), " ,0 ,0 , 1 );");
+    constexpr std::string_view blank_of_version[] = {" ", ""};
+    out.line("glRotated( ", p0(angle), blank_of_version[version - 1], ",0 ,0 , 1 );");
 }
-
-void rotation_line_2(Output &out, double angle)
-{
-    out.line("glRotated( ", p0(angle), ",0 ,0 , 1 );");
-}
-
-constexpr void (*rotation_lines[])(Output &, double) = {rotation_line_1, rotation_line_2};
 
 int type_of(const Scene &scene, int number)
 {
@@ -76,11 +70,10 @@ void draw(Drawing &drawing, const Scene &scene, int number, int version)
 
     const double x = numeric_value(object.x), y = numeric_value(object.y), angle = object.parameters(61);
     const bool moved = x != 0 || y != 0;
-    const auto rotation_line = rotation_lines[version - 1];
     if (moved)
         translation_line(out, x, y, 0);
     if (angle != 0)
-        rotation_line(out, -angle);
+        rotation_line(out, -angle, version);
 
     const int drawn = source_of(scene, number);
     if (const Kind *kind = find_kind(version, type_of(scene, drawn))) {
@@ -90,7 +83,7 @@ void draw(Drawing &drawing, const Scene &scene, int number, int version)
     }
 
     if (angle != 0)
-        rotation_line(out, angle);
+        rotation_line(out, angle, version);
     if (moved)
         translation_line(out, -x, -y, 0);
 }
@@ -109,7 +102,7 @@ int source_of(const Scene &scene, int number)
 {
     const Object &object = scene.objects[static_cast<std::size_t>(number - 1)];
     const double reference = numeric_value(object.codes(30));
-    return reference < 1 || reference > object_numbers.last ? number : static_cast<int>(reference);
+    return reference < 1 || reference > most_objects ? number : static_cast<int>(reference);
 }
 
 void draw_object(Drawing &drawing, const Scene &scene, int number, int version)

@@ -29,13 +29,13 @@ inline void texture_line(Output &out, auto u, auto v)
 
 inline void normal_line(Output &out, double x, double y, double z)
 {
-    out.line("      glNormal3d( ", p2(p6(x)), ", ", p2(p6(y)), ", ", p2(p6(z)), " );");
+    out.line("      glNormal3d( ", p2(x), ", ", p2(y), ", ", p2(z), " );");
 }
 
-inline void bind_lines(Output &out, std::string_view texture)
+/// `more` is a line end and what follows, if anything is to follow at once.
+template <typename... Parts> void bind_lines(Output &out, std::string_view texture, const Parts &...more)
 {
-    out.line("BindTexture( \"", texture, ".bmp\" );");
-    out.line("glEnable( GL_TEXTURE_2D );");
+    out.line("BindTexture( \"", texture, ".bmp\" );\r\nglEnable( GL_TEXTURE_2D );", more...);
 }
 
 /// The colour of a colour text: characters 3 to 11 are red, green and blue. Some have a blank behind them.

@@ -56,7 +56,7 @@ void NgonFile::add(const Corner &corner)
 std::span<const Corner> NgonFile::read()
 {
     if (written_.size() > corners.last)
-        raise_outside(corners.last + 1, corners, "corner of the polygon");
+        raise_outside(corners.last + 1, corners);
     present_ = false;
     return written_;
 }

@@ -26,7 +26,7 @@ enum class NgonLayout {
 /// them afterwards, unless they were read: then it need not even come into being.
 class NgonFile {
   public:
-    static constexpr Range corners{1, 20};
+    static constexpr Range corners{1, 20, "corner of the polygon"};
 
     NgonFile(FileSystem &files, std::string path) : files_(files), path_(std::move(path)) {}
     /// Unless it was settled, a conversion has failed: settles it as far as that can be done.

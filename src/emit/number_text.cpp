@@ -89,11 +89,11 @@ char *put_rounded(char *at, double value, int decimals)
     return at;
 }
 
-char *put_again(char *at, double value, int decimals)
+char *put_by_millionths(char *at, double value)
 {
     char text[most_of_number];
     const char *end = put_rounded(text, value, 6);
-    return put_rounded(at, numeric_value({text, static_cast<std::size_t>(end - text)}), decimals);
+    return put_rounded(at, numeric_value({text, static_cast<std::size_t>(end - text)}), 2);
 }
 
 char *put_beyond_texture(char *at, double pixel)

@@ -13,16 +13,7 @@ namespace marlogl {
 // taken to 15 significant digits and then rounded, halves away from zero. A value that rounds to zero has no
 // sign. Errors, when the text is made: overflow for a value that is not finite.
 
-/// A value with `Decimals` decimals.
-template <int Decimals> struct Pattern {
-    double value;
-};
-/// A value written with six decimals, and that text read as a number and written with `Decimals` decimals.
-template <int Decimals> struct AgainPattern {
-    double value;
-};
-/// A value in a form of its own.
-enum class Form { two_digits, general, spaced };
+enum class Form { whole, hundredths, two_digits, general, spaced };
 template <Form> struct NumberText {
     double value;
 };
@@ -35,13 +26,7 @@ struct HexText {
 };
 
 /// "0": a whole number.
-constexpr Pattern<0> p0(double x)
-{
-    return {x};
-}
-
-/// "0.000000".
-constexpr Pattern<6> p6(double x)
+constexpr NumberText<Form::whole> p0(double x)
 {
     return {x};
 }
@@ -52,15 +37,10 @@ constexpr NumberText<Form::two_digits> p00(double x)
     return {x};
 }
 
-/// The text of a number again, with two or with four decimals.
-constexpr AgainPattern<2> p2(Pattern<6> text)
+/// "0.00" of the number that the text "0.000000" of `x` is.
+constexpr NumberText<Form::hundredths> p2(double x)
 {
-    return {text.value};
-}
-
-constexpr AgainPattern<4> p4(Pattern<6> text)
-{
-    return {text.value};
+    return {x};
 }
 
 /// The general format: the shortest text that reads back as the same number, with an exponent (1E+15) from a
@@ -165,8 +145,8 @@ inline constexpr auto texture_texts = texts_of<256, texture_width>([](char *text
 
 /// Writes `value` with `decimals` decimals, by way of its 15 significant digits. Errors: overflow.
 char *put_rounded(char *at, double value, int decimals);
-/// Writes the text of AgainPattern<decimals> by way of both texts. Errors: overflow.
-char *put_again(char *at, double value, int decimals);
+/// Writes hundredths by way of the text with six decimals. Errors: overflow.
+char *put_by_millionths(char *at, double value);
 
 /// Writes the texture coordinate of a whole pixel position outside 0 to 255. Errors: overflow.
 char *put_beyond_texture(char *at, double pixel);
@@ -193,7 +173,7 @@ inline char *put_whole(char *at, unsigned number)
     return at + count;
 }
 
-inline char *put(char *at, Pattern<0> text)
+inline char *put(char *at, NumberText<Form::whole> text)
 {
     if (std::abs(text.value) < 1e9) [[likely]] {
         const int number = static_cast<int>(text.value);
@@ -212,24 +192,22 @@ inline char *put(char *at, NumberText<Form::two_digits> text)
     return put_whole(at, static_cast<unsigned>(text.value));
 }
 
-template <int Decimals> char *put(char *at, AgainPattern<Decimals> text)
+inline char *put(char *at, NumberText<Form::hundredths> text)
 {
     // Two roundings in a row: the hundredth is reached once the millionths round up to its half, which is at
     // half a millionth before that. Only very near to that place the digits themselves have to decide.
-    if constexpr (Decimals == 2) {
-        const double size = std::abs(text.value) * 100 + 0.50005;
-        if (size < static_cast<double>(hundredths.size())) [[likely]] {
-            const int number = static_cast<int>(size);
-            const double beyond = size - number;
-            if (beyond > 1e-9 && beyond < 1 - 1e-9) [[likely]] {
-                *at = '-';
-                at += text.value < 0 && number > 0;
-                std::memcpy(at, hundredths[static_cast<unsigned>(number)], 4);
-                return at + 4;
-            }
+    const double size = std::abs(text.value) * 100 + 0.50005;
+    if (size < static_cast<double>(hundredths.size())) [[likely]] {
+        const int number = static_cast<int>(size);
+        const double beyond = size - number;
+        if (beyond > 1e-9 && beyond < 1 - 1e-9) [[likely]] {
+            *at = '-';
+            at += text.value < 0 && number > 0;
+            std::memcpy(at, hundredths[static_cast<unsigned>(number)], 4);
+            return at + 4;
         }
     }
-    return put_again(at, text.value, Decimals);
+    return put_by_millionths(at, text.value);
 }
 
 template <typename Number> char *put(char *at, TextureText<Number> text)

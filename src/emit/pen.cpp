@@ -33,24 +33,24 @@ std::string_view Pen::texture_of(int face) const
 // Writes the lines that open the block of a textured face; false when the face is not textured.
 template <typename Number> bool Pen::begin(int face, Number p1, Number p2, Number p3)
 {
-    const std::string_view texture = texture_of(face);
-    if (texture.empty())
-        return false;
     const auto write = [&] {
-        bind_lines(out(), texture);
-        out().line(begin_polygon);
+        constexpr char begin_face[] = "\r\nglBegin( GL_POLYGON );\r\nglColor3ub(";
         if (to.side == inside)
-            out().line("glColor3ub( ", to.configuration.colour_inside, " ); ");
+            bind_lines(out(), last_texture, begin_face, " ", to.configuration.colour_inside, " ); ");
         else
-            out().line("glColor3ub(", to.configuration.colour_outside, " ); ");
+            bind_lines(out(), last_texture, begin_face, to.configuration.colour_outside, " ); ");
     };
     if (face == last_face && to.side == last_side) {
         out().lines(face_lines, write);
     } else {
-        write();
-        face_lines.forget();
+        const std::string_view texture = texture_of(face);
+        if (texture.empty())
+            return false;
         last_face = face;
         last_side = to.side;
+        last_texture = texture;
+        face_lines.forget();
+        write();
     }
     normal(p1, p2, p3);
     return true;

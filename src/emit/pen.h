@@ -21,18 +21,10 @@ struct Drawing {
     std::string colour_table_path;
     Output out;
     NgonFile ngon;
-    Vertices vertices;
+    Vertices vertices = {};
     /// As the object before has left it, for the kinds that do not choose.
     Side side = outside;
-    std::optional<ColourTable> colour_table; // once it was read
-
-    /// Creates the output file. Errors: those of Output.
-    Drawing(FileSystem &all_files, const Configuration &all_settings, std::string colour_table_at,
-            const std::string &output_at, std::string ngon_at)
-        : files(all_files), configuration(all_settings), colour_table_path(std::move(colour_table_at)),
-          out(files, output_at), ngon(files, std::move(ngon_at))
-    {
-    }
+    std::optional<ColourTable> colour_table = {}; // once it was read
 
     /// The colour table, which the first call reads. Errors: those of read_colour_table.
     const ColourTable &colours();
@@ -58,6 +50,7 @@ struct Pen {
     KeptLines<192> face_lines = {};
     int last_face = -1;
     Side last_side = outside;
+    std::string_view last_texture = "";
 
     Output &out() { return to.out; }
     double cell(double n) const { return object.parameters(n); }

@@ -44,16 +44,17 @@ Drawing begin_drawing(FileSystem &files, const Configuration &configuration)
         for (const NamedFile *input : {&design, &settings, &colours})
             refuse_link(*written, *input);
     refuse_link(ngon, output);
-    return {files, configuration, colours.path, output.path, point_file};
+    return {files, configuration, colours.path, Output(files, output.path), NgonFile(files, point_file)};
 }
 
-double scale(std::string_view scale_level)
+std::string scale(std::string_view scale_level)
 {
     constexpr double feet_per_metre = 3.2808;
     const double level = numeric_value(scale_level);
     const bool has_factor = level >= 9 && level <= 15 && level == std::floor(level);
     const double factor = has_factor ? std::exp2(16 - level) : 1;
-    return round_decimals(factor / feet_per_metre, 4);
+    const long digits = std::lround(factor / feet_per_metre * 10000); // with four decimals
+    return std::to_string(digits / 10000) + '.' + std::to_string(10000 + digits % 10000).substr(1);
 }
 
 void reset_texture_matrix(Output &out)
@@ -63,9 +64,8 @@ void reset_texture_matrix(Output &out)
     out.line("glMatrixMode( GL_MODELVIEW );");
 }
 
-void write_header(Output &out, double factor)
+void write_header(Output &out, std::string_view s)
 {
-    const auto s = p4(p6(factor));
     reset_texture_matrix(out);
     out.line("glPushMatrix();");
     out.line("glScalef( ", s, ", ", s, ", ", s, " );");

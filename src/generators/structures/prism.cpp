@@ -22,7 +22,7 @@ std::array<double, 4> Prism::wall_points(double i) const
 
 bool Prism::turns_clockwise() const
 {
-    const Vertices &points = pen.to.vertices;
+    Vertices &points = pen.to.vertices;
     return flat ? points.turns_clockwise_xy(n, n + 1, n + 2) : points.turns_clockwise_xz(n, n + 1, n + 2);
 }
 
