@@ -49,9 +49,10 @@ class Mixer {
   private:
     std::string place()
     {
-        return 'C' + std::to_string(random_.from_to(-900, 900)) + "\nD" +
-               std::to_string(random_.from_to(-900, 900)) + "\nP61 " +
-               std::to_string(random_.from_to(-359, 359)) + '\n';
+        std::string records;
+        for (const auto &[key, most] : {std::pair{"C", 900}, {"D", 900}, {"P61 ", 359}})
+            records += key + std::to_string(random_.from_to(-most, most)) + '\n';
+        return records;
     }
 
     std::string object(std::vector<std::string> records)
