@@ -14,8 +14,8 @@ TEST(Clean, Examples)
         Files files;
         const std::string design = design_files(folder).at(0);
         for (const char *name : {"MarlOgl.dat", "appl/colors.tab"})
-            files[folder + name] = read_whole(folder + name);
-        files[design] = read_whole(design);
+            files[folder + name] = content_of(folder + name);
+        files[design] = content_of(design);
         EXPECT_EQ(told(check(files, folder + "MarlOgl.dat"), Severity::warning), "");
         EXPECT_EQ(told(check(files, design), Severity::warning), "");
     }

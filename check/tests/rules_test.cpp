@@ -116,7 +116,7 @@ TEST(Rules, SayOfEveryCaseWhatTheySaid)
 {
     const std::string path = "check/tests/reports.txt";
     std::string told, title, records;
-    std::istringstream cases(read_whole(path) + "=== \n");
+    std::istringstream cases(content_of(path) + "=== \n");
     for (std::string line; std::getline(cases, line);) {
         if (line.starts_with("=== ")) {
             told += title.empty() ? "" : "=== " + title + '\n' + records + told_of_case(title, records);
@@ -184,7 +184,7 @@ TEST(Rules, LookAtTheFilesBesideTheDesignFile)
 
 TEST(Rules, StandInTheManual)
 {
-    const std::string manual = read_whole("docs/checker.md");
+    const std::string manual = content_of("docs/checker.md");
     std::size_t rows = 0;
     for (const Rule *each : all_rules()) {
         const std::string row = "| `" + std::string(each->name) + "` | " +

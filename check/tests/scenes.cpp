@@ -2,12 +2,10 @@
 
 #include "examples.h"
 #include "run/convert.h"
+#include "support/cases.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
 
 namespace marlogl::check {
 
@@ -87,14 +85,6 @@ void add_objects(const std::string &scene, std::vector<std::vector<std::string>>
 
 } // namespace
 
-std::string read_whole(const std::string &path)
-{
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw std::runtime_error("cannot read " + path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 std::vector<std::string> design_files(const std::string &folder)
 {
     std::vector<std::string> paths;
@@ -109,10 +99,10 @@ std::map<std::string, std::string> manual_scenes()
 {
     std::map<std::string, std::string> scenes;
     for (const std::string &path : design_files("docs/gallery"))
-        scenes[std::filesystem::path(path).filename().string()] = read_whole(path);
+        scenes[std::filesystem::path(path).filename().string()] = content_of(path);
     for (const std::string path : {"docs/design-files.md", "README.md"})
         for (const std::string ending : {"mr2", "mrl"})
-            for (const std::string &block : blocks(read_whole(path), ending))
+            for (const std::string &block : blocks(content_of(path), ending))
                 scenes["block" + std::to_string(scenes.size()) + '.' + ending] = block;
     return scenes;
 }
@@ -120,7 +110,7 @@ std::map<std::string, std::string> manual_scenes()
 SceneGenerator::SceneGenerator()
 {
     for (const std::string &path : design_files("docs/gallery"))
-        add_objects(read_whole(path), objects[path.ends_with("mr2")]);
+        add_objects(content_of(path), objects[path.ends_with("mr2")]);
     for (const std::string_view scene :
          {examples::sign, examples::meadow, examples::triangles, examples::flag})
         add_objects(std::string(scene), objects[1]);

@@ -10,9 +10,6 @@
 
 namespace marlogl::check {
 
-/// The content of a file on the disk.
-std::string read_whole(const std::string &path);
-
 /// The names of design files below a folder on the disk.
 std::vector<std::string> design_files(const std::string &folder);
 

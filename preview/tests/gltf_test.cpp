@@ -231,7 +231,7 @@ std::map<std::string, std::string> many_scenes()
     for (auto &[name, scene] : scenes) {
         marlogl::MemoryFiles files;
         files.files[name] = scene;
-        files.files["appl/colors.tab"] = marlogl::check::read_whole("examples/village/appl/colors.tab");
+        files.files["appl/colors.tab"] = marlogl::content_of("examples/village/appl/colors.tab");
         marlogl::Configuration configuration;
         configuration.design = name;
         configuration.output = "scene.out";

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,10 +65,12 @@ inline std::uint64_t checksum(const std::string &text)
     return sum;
 }
 
-/// The content of a file, empty when there is none.
+/// The content of a file, which must be there.
 inline std::string content_of(const std::filesystem::path &path)
 {
     std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw std::runtime_error("cannot read " + path.string());
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
